@@ -1,0 +1,42 @@
+# A room is one library; what it may include is what it links.
+#   torvane_room(core DEPENDS platform QT Core SOURCES a.cpp b.cpp)
+# A test program belongs to a room and links it, never its sources:
+#   torvane_tests(core DEPENDS core SOURCES a_test.cpp)         (GUI for tests that draw)
+
+add_library(torvane_flags INTERFACE)
+target_compile_definitions(torvane_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_NO_URL_CAST_FROM_STRING)
+target_compile_options(torvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+target_include_directories(torvane_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(TORVANE_SANITIZE)
+  target_compile_options(torvane_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(torvane_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+function(torvane_room name)
+  cmake_parse_arguments(ROOM "" "" "DEPENDS;QT;SOURCES" ${ARGN})
+  add_library(torvane_${name} STATIC ${ROOM_SOURCES})
+  target_link_libraries(torvane_${name} PUBLIC torvane_flags)
+  foreach(room ${ROOM_DEPENDS})
+    target_link_libraries(torvane_${name} PUBLIC torvane_${room})
+  endforeach()
+  foreach(module ${ROOM_QT})
+    target_link_libraries(torvane_${name} PUBLIC Qt6::${module})
+  endforeach()
+endfunction()
+
+function(torvane_tests name)
+  cmake_parse_arguments(TEST "GUI" "" "DEPENDS;SOURCES" ${ARGN})
+  add_executable(${name}_tests ${TEST_SOURCES})
+  set(support torvane_test_support)
+  if(TEST_GUI)
+    set(support torvane_gui_test_support)
+  endif()
+  foreach(room ${TEST_DEPENDS})
+    target_link_libraries(${name}_tests PRIVATE torvane_${room})
+  endforeach()
+  target_link_libraries(${name}_tests PRIVATE ${support})
+  target_compile_definitions(${name}_tests PRIVATE
+    TORVANE_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}" TORVANE_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 120)
+endfunction()

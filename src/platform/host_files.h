@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+#include "platform/result.h"
+
+namespace torvane {
+
+/// The one border between the program's own notion of a path and this machine.
+///
+/// In memory every path is a DOS path ("C:\T\Author.xml"), since the generated files are Windows text. Here drive
+/// Z is the root of the file system; drive X is the folder named by the environment variable TORVANE_DRIVE_X, or
+/// else the folder "torvane/drive_x" in the user's data directory. A component that is not found as written is
+/// looked up without regard to case, so that "C:\Films\A.MPG" finds "films/a.mpg".
+///
+/// A relative DOS path is relative to the current directory of the process.
+class HostFiles {
+ public:
+  /// Host path of a DOS path. What does not exist is mapped as written. "" for "".
+  static QString ToHost(const QString& dosPath);
+
+  /// DOS path of a host path: "/home/u/a.m2v" is "Z:\home\u\a.m2v". A relative path keeps being relative.
+  static QString ToDos(const QString& hostPath);
+
+  /// Absolute DOS path of what a user typed, which may be a host path (relative or not) or a DOS path with a drive.
+  static QString FromUser(const QString& typed);
+
+  /// True for a path that begins with a drive letter and a colon.
+  static bool HasDrive(const QString& path);
+
+  static bool FileExists(const QString& dosPath);
+  static bool DirExists(const QString& dosPath);
+
+  /// Size in bytes, or nothing when there is no such file.
+  static std::optional<qint64> FileSizeOf(const QString& dosPath);
+
+  /// Whole content of a file. Fails with the host path and the system's reason.
+  static Result<QByteArray> Read(const QString& dosPath);
+
+  /// Writes to a temporary file beside the target, flushes it and renames it over the target. On failure the former
+  /// file stands as it was and nothing else is left.
+  static Status WriteAtomically(const QString& dosPath, const QByteArray& content);
+
+  /// Adds to the end of a file, which is made when it does not exist.
+  static Status Append(const QString& dosPath, const QByteArray& content);
+
+  /// Makes a directory and its parents. True when it exists afterwards.
+  static bool MakeDir(const QString& dosPath);
+
+  /// Deletes one file. True when there is none afterwards.
+  static bool RemoveFile(const QString& dosPath);
+
+  /// Removes one empty directory.
+  static bool RemoveDir(const QString& dosPath);
+
+  /// Names (without directory) of the files of a directory, sorted; empty when there is no such directory.
+  static QStringList FileNames(const QString& dosDir);
+
+  /// Names of the subdirectories of a directory, sorted, without "." and "..".
+  static QStringList DirNames(const QString& dosDir);
+
+  /// True when a file can be made in the directory.
+  static bool IsWritableDir(const QString& dosDir);
+
+  /// Free space of the file system that holds the path, in megabytes of 1,048,576 bytes; nothing when it cannot be
+  /// asked. Of a path that does not exist yet, the nearest existing parent is asked.
+  static std::optional<qint64> DriveFreeMB(const QString& dosPath);
+};
+
+}  // namespace torvane

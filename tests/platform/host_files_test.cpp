@@ -1,0 +1,70 @@
+#include "platform/host_files.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+class HostFilesTest : public testing::Test {
+ protected:
+  HostFilesTest() { qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8()); }
+  ~HostFilesTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+
+  QString Host(const QString& relative) const { return dir_.path() + u'/' + relative; }
+
+  QTemporaryDir dir_;
+};
+
+TEST_F(HostFilesTest, MapsDrivesBothWays) {
+  EXPECT_EQ(HostFiles::ToDos(u"/home/u/a b.m2v"_s), u"Z:\\home\\u\\a b.m2v"_s);
+  EXPECT_EQ(HostFiles::ToHost(u"Z:\\home\\u\\nothing here.m2v"_s), u"/home/u/nothing here.m2v"_s);
+  EXPECT_EQ(HostFiles::ToHost(u"C:\\T\\x.xml"_s), Host(u"T/x.xml"_s));
+  EXPECT_EQ(HostFiles::ToHost(u"c:/T/x.xml"_s), Host(u"T/x.xml"_s));
+  EXPECT_EQ(HostFiles::ToHost(u"C:\\"_s), dir_.path());
+  EXPECT_TRUE(HostFiles::ToHost(u"Q:\\x"_s).endsWith(u"/torvane/drive_q/x"_s));
+  EXPECT_EQ(HostFiles::ToHost(u"relative\\x.bat"_s), u"relative/x.bat"_s);
+  EXPECT_EQ(HostFiles::ToHost(QString()), QString());
+}
+
+TEST_F(HostFilesTest, TakesWhatAUserTypes) {
+  EXPECT_EQ(HostFiles::FromUser(u"/tmp/../etc/x"_s), u"Z:\\etc\\x"_s);
+  EXPECT_EQ(HostFiles::FromUser(u"C:/T/x"_s), u"C:\\T\\x"_s);
+  EXPECT_EQ(HostFiles::FromUser(u"x.tvn"_s), HostFiles::ToDos(QDir::currentPath() + u"/x.tvn"_s));
+}
+
+TEST_F(HostFilesTest, FindsNamesWithoutRegardToCase) {
+  QDir(dir_.path()).mkpath(u"Filme/Größe"_s);
+  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\Filme\\Größe\\Urlaub.MPG"_s, "x"));
+  EXPECT_TRUE(HostFiles::FileExists(u"C:\\FILME\\GRÖßE\\urlaub.mpg"_s));
+  EXPECT_EQ(HostFiles::ToHost(u"C:\\filme\\größe\\urlaub.mpg"_s), Host(u"Filme/Größe/Urlaub.MPG"_s));
+  EXPECT_EQ(HostFiles::ToHost(u"C:\\filme\\Neu.mpg"_s), Host(u"Filme/Neu.mpg"_s));
+  EXPECT_FALSE(HostFiles::FileExists(u"C:\\filme"_s));
+  EXPECT_TRUE(HostFiles::DirExists(u"C:\\filme"_s));
+}
+
+TEST_F(HostFilesTest, AFailedWriteLeavesTheFormerFileAndNothingElse) {
+  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\keep.txt"_s, "first"));
+  EXPECT_FALSE(HostFiles::WriteAtomically(u"C:\\missing\\x.txt"_s, "y"));
+  QDir(dir_.path()).mkdir(u"folder"_s);
+  const Status refused = HostFiles::WriteAtomically(u"C:\\folder"_s, "y");
+  EXPECT_FALSE(refused);
+  EXPECT_TRUE(refused.Error().startsWith(Host(u"folder"_s))) << refused.Error().toStdString();
+  EXPECT_EQ(*HostFiles::Read(u"C:\\keep.txt"_s), "first");
+  EXPECT_EQ(HostFiles::FileNames(u"C:\\"_s), QStringList{u"keep.txt"_s});
+  EXPECT_FALSE(HostFiles::Read(u"C:\\folder"_s));
+}
+
+TEST_F(HostFilesTest, AsksFreeSpaceOfTheNearestParentThatExists) {
+  EXPECT_TRUE(HostFiles::DriveFreeMB(u"C:\\not\\yet\\there"_s).has_value());
+  EXPECT_EQ(HostFiles::FileSizeOf(u"C:\\nothing"_s), std::nullopt);
+}
+
+}  // namespace
+}  // namespace torvane
