@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+namespace torvane {
+
+/// Collects the lines of a generated file; each gets its CR LF here.
+class LineText {
+ public:
+  void Line(const QByteArray& bytes) { bytes_ += bytes + "\r\n"; }
+  void Line(const char* bytes) { Line(QByteArray(bytes)); }
+  void Line(QStringView text) { Line(text.toUtf8()); }
+
+  const QByteArray& Bytes() const { return bytes_; }
+
+ private:
+  QByteArray bytes_;
+};
+
+/// A path as it stands in a line of a batch file: "%" doubled, the German letters in the DOS code page. The quotes
+/// around it belong to the line.
+QByteArray BatchPath(const QString& path);
+
+/// Any other text inserted into a line of a batch file: "%" doubled, UTF-8.
+QByteArray BatchText(const QString& text);
+
+}  // namespace torvane
