@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <span>
+#include <variant>
+
+#include "core/settings.h"
+
+namespace torvane {
+
+/// How a setting is read and written as text.
+enum class SettingKind {
+  Flag,       ///< 0 or 1; any number but 0 is read as set
+  Switch,     ///< the same for a number of two values
+  Number,     ///< decimal, 32 bits
+  Magnitude,  ///< decimal, without its sign
+  Byte,       ///< decimal, 0 to 255
+  Text,       ///< as it stands
+  Path,       ///< text that names a file or directory
+  Mask,       ///< string form of a GifMaskRecord
+  Font,       ///< string form of a FontRecord
+};
+
+using SettingMember = std::variant<bool Settings::*, int Settings::*, QString Settings::*, GifMaskRecord Settings::*,
+                                   FontRecord Settings::*>;
+
+/// Where a project file holds the setting: as an attribute of one of its elements SETTINGS, SETTINGS2 to SETTINGS5.
+struct ProjectPlace {
+  int element = 0;   ///< 1 to 5; 0 for a setting that is no part of a project
+  int position = 0;  ///< place among the attributes of the element, from 1
+  QStringView attribute;
+};
+
+/// The one description of a setting, which the store, settings files, the command line, project files, preset files
+/// and the settings dialog walk. Its default is what the member has in `Settings{}`.
+struct SettingRow {
+  QStringView key;  ///< "" for a value that only project files hold
+  SettingKind kind = SettingKind::Text;
+  SettingMember member;
+  ProjectPlace project;
+};
+
+/// All settings, in the order in which they are read.
+std::span<const SettingRow> SettingsTable();
+
+/// The row of a key, which is matched exactly, or null.
+const SettingRow* FindSetting(QStringView key);
+
+/// The value of a setting as text.
+QString SettingText(const Settings& settings, const SettingRow& row);
+
+/// Sets a value from its text by the rule of its kind. A mask's file is looked up below `settings.AppPath` and in
+/// `settings.OwnGifMaskDir`.
+void SetSettingText(Settings& settings, const SettingRow& row, const QString& text);
+
+}  // namespace torvane
