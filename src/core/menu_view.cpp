@@ -1,0 +1,160 @@
+#include "core/menu_view.h"
+
+#include "core/text.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+
+double NodeView::Number(Attribute attribute, double absent) const {
+  const std::optional<QString> text = Text(attribute);
+  return text ? Val(*text) : absent;
+}
+
+int NodeView::Integer(Attribute attribute, int absent) const {
+  const std::optional<QString> text = Text(attribute);
+  return text ? ValToInt(*text) : absent;
+}
+
+std::optional<QString> NodeView::TextOf(const QString& key, Attribute attribute) const {
+  const ProjectNode* node = tree_->Find(key);
+  if (!node) return std::nullopt;
+  return node->Value(attribute.Label.size());
+}
+
+QString NodeView::TagOf(const QString& key) const {
+  const ProjectNode* node = tree_->Find(key);
+  return node ? node->Tag() : QString();
+}
+
+TextGeometry DrawingView::Geometry() const {
+  using namespace drawing_node;
+  TextGeometry geometry;
+  geometry.Left = Integer(Left, 0);
+  geometry.Top = Integer(Top, 0);
+  geometry.Width = Integer(Width, 0);
+  geometry.Height = Integer(Height, 0);
+  const int align = Integer(Align, 0);
+  geometry.Align = align == 1 ? TextAlign::Right : align == 2 ? TextAlign::Centre : TextAlign::Left;
+  geometry.FontName = Text(Font).value_or(QString());
+  geometry.FontSize = Number(FontSize, 0);
+  geometry.Bold = Flag(FontBold);
+  geometry.Italic = Flag(FontItalic);
+  geometry.Strikethru = Flag(FontStrikethru);
+  geometry.Underline = Flag(FontUnderline);
+  return geometry;
+}
+
+QString DrawingView::ColorCaption() const {
+  const ProjectNode* node = Tree().Find(Key() + drawing_node::Color.Suffix);
+  return node ? node->Caption() : QString();
+}
+
+std::optional<QString> DrawingView::OutlineCaption() const {
+  const ProjectNode* node = Tree().Find(Key() + drawing_node::Outline.Suffix);
+  if (!node) return std::nullopt;
+  return node->Caption();
+}
+
+std::optional<MaskGeometry> ReadMask(const NodeView& element) {
+  using namespace element_node;
+  if (!element.Has(MaskFile)) return std::nullopt;
+  MaskGeometry mask;
+  mask.Path = element.Tag(MaskFile);
+  mask.HasRelSize = element.Has(MaskRelSize);
+  mask.RelSize = element.Number(MaskRelSize, 100);
+  mask.XOffset = element.Number(MaskXOffset, 0);
+  mask.YOffset = element.Number(MaskYOffset, 0);
+  return mask;
+}
+
+int ButtonView::UseHigh() const {
+  // Files of other makers carry the short form of the key.
+  constexpr Attribute kShortUseHigh{u"UseHigh", u"Highlight="};
+  return Integer(element_node::MaskUseHigh, Integer(kShortUseHigh, -1));
+}
+
+std::optional<MaskGeometry> ButtonView::Mask() const { return ReadMask(*this); }
+
+std::optional<MaskGeometry> PictureView::Mask() const { return ReadMask(*this); }
+
+QString MenuView::Name() const {
+  const ProjectNode* root = Tree().Find(Key());
+  return root ? root->Caption() : QString();
+}
+
+template <class Make>
+auto MenuView::Elements(Attribute group, Make make) const {
+  std::vector<decltype(make(QString(), 0))> elements;
+  const QString groupKey = MenuNodeKey(Key(), group);
+  const ProjectNode* node = Tree().Find(groupKey);
+  for (node = node ? node->FirstChild() : nullptr; node; node = node->Next()) {
+    const int number = ElementNumber(node->Key(), groupKey);
+    if (number >= 0) elements.push_back(make(node->Key(), number));
+  }
+  return elements;
+}
+
+std::vector<ButtonView> MenuView::Buttons() const {
+  return Elements(menu_node::Buttons, [this](const QString& key, int number) {
+    return ButtonView(Tree(), key, number, ButtonPropertiesKey(Key(), number));
+  });
+}
+
+std::vector<LabelView> MenuView::Labels() const {
+  return Elements(menu_node::Labels, [this](const QString& key, int index) {
+    return LabelView(Tree(), key, index, LabelPropertiesKey(Key(), index));
+  });
+}
+
+std::vector<PictureView> MenuView::Images() const {
+  return Elements(menu_node::Images, [this](const QString& key, int number) { return PictureView(Tree(), key, number); });
+}
+
+std::vector<PictureView> MenuView::Animations() const {
+  return Elements(menu_node::Animations,
+                  [this](const QString& key, int number) { return PictureView(Tree(), key, number); });
+}
+
+std::vector<QString> MenuView::SubMenuKeys() const {
+  std::vector<QString> keys;
+  const ProjectNode* node = Tree().Find(MenuNodeKey(Key(), menu_node::SubMenus));
+  for (node = node ? node->FirstChild() : nullptr; node; node = node->Next()) keys.push_back(node->Tag());
+  return keys;
+}
+
+QString MenuView::LoopState() const {
+  const std::optional<QString> loop = Text(menu_node::BackgroundLoop);
+  if (!loop || *loop == u"0") return u"inf"_s;
+  return loop->endsWith(u'1') ? u"0"_s : QString();
+}
+
+QString MenuView::Pause() const {
+  const Attribute attribute = IsAdditionalMenu(Key()) ? menu_node::Pause : menu_node::BackgroundPause;
+  const std::optional<QString> pause = Text(attribute);
+  return pause ? *pause : LoopState();
+}
+
+MenuAspect MenuView::Aspect() const {
+  QString owner = Key();
+  if (IsSubMenu(owner)) {
+    // The caption of a titleset submenu, "TS1SubMenu2", begins with the key of its titleset.
+    owner = Name().left(4);
+    if (owner.size() == 4 && owner.endsWith(u'S')) owner.chop(1);
+  }
+  if (!owner.startsWith(u"TS")) return MenuAspect::ProjectDefault;
+  const std::optional<QString> aspect = NodeView(Tree(), owner).Text(menu_node::BackgroundAspect);
+  if (!aspect) return MenuAspect::ProjectDefault;
+  return Val(*aspect) == 1 ? MenuAspect::Wide16x9 : MenuAspect::Standard4x3;
+}
+
+bool MenuView::IsWide(const Settings& settings) const {
+  const MenuAspect aspect = Aspect();
+  return aspect == MenuAspect::Wide16x9 || (aspect == MenuAspect::ProjectDefault && settings.DefMenuRatio);
+}
+
+bool MenuView::HasTransition() const {
+  return Flag(IsAdditionalMenu(Key()) ? menu_node::Transition : menu_node::BackgroundTransition);
+}
+
+}  // namespace torvane
