@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include "core/line_text.h"
+#include "core/menu_view.h"
+#include "core/project.h"
+
+namespace torvane {
+
+/// Whether the control file is for a run or for the syntax check, in which the main menu's video need not exist.
+enum class AuthorMode { Run, SyntaxCheck };
+
+/// The text with every line indented. A text without line break that is shorter than two characters gives "", empty
+/// lines vanish, and the result has no line break at its end.
+QString IndentCommand(const QString& text, int indent);
+
+/// Highlight value (count times 1024) of the button that acts at once in a switched menu; 0 without one.
+int FindAutoActionButton(const MenuView& menu);
+
+/// True when a button of the main menu plays all titles. Without menus there is no such button.
+bool HasPlayAllButton(const Project& project);
+
+/// The string that starts the chain through all titles, for the titleset form in use.
+QString PlayAllAction(const Settings& settings);
+
+/// Writes the parts of a dvdauthor control file that both of its forms share.
+class AuthorPieces {
+ public:
+  AuthorPieces(const Project& project, LineText& out) : project_(project), out_(out) {}
+
+  /// The video format line of the norm.
+  void VideoFormat();
+  /// The video element; on a 16:9 menu with its two subpicture streams.
+  void VideoElement(bool wide);
+  /// One line per button that exists on the disc, then the pseudo buttons of an auto action button. `playAll` is what
+  /// stands for the action "Play_all"; nothing is replaced when it is empty.
+  void Buttons(const MenuView& menu, const QString& playAll);
+  /// The PGC of a submenu, `number` being its number within its domain.
+  void MenuPgc(const QString& menuKey, int number, bool playAll);
+  /// A start line, a text of any number of lines, and an end line.
+  void Block(const QString& start, const QString& text, const QString& end);
+
+ private:
+  void MenuComment(const MenuView& menu, int number);
+  void MenuPre(const MenuView& menu, bool playAll);
+  void MenuPost(const MenuView& menu, int number);
+
+  const Project& project_;
+  LineText& out_;
+};
+
+/// Path of the multiplexed menu file that a control file names: "{Temp}\MMMenu.mpg", "MMMenuL.mpg" on a 16:9 menu.
+QString MenuFile(const Settings& settings, const QString& menuKey, bool wide);
+
+/// "{Temp}\EmptyBackg.mpg", the menu video that nobody sees.
+QString EmptyMenuFile(const Settings& settings, AuthorMode mode);
+
+}  // namespace torvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArray>
+
+#include "compilers/author_pieces.h"
+#include "core/project.h"
+
+namespace torvane {
+
+/// Text of `Author.xml`, the control file of dvdauthor, with all films in one titleset. UTF-8, lines end in CR LF;
+/// text from the project stands in it as it is, without XML escaping.
+QByteArray WriteAuthorXmlSingle(const Project& project, AuthorMode mode);
+
+/// What the writing of the control file adds to the run's log with `KeepLogFile`: project, output and films.
+QString AuthorLogText(const Project& project);
+
+}  // namespace torvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "core/project.h"
+#include "core/prompter.h"
+
+namespace torvane {
+
+// What Create DVD makes sure of before anything is written. Each check answers false when the user, or the state of
+// this machine, stops the command; it has then told why.
+
+/// The intro video exists, when one is used.
+bool CheckIntro(const Project& project, Prompter& prompter);
+
+/// Menus that loop without anything that moves make highlights behave strangely: asks whether to go on.
+bool CheckLoopingMenus(const Project& project, Prompter& prompter);
+
+/// What happens to a VIDEO_TS folder that holds files, once the user agrees.
+enum class OldDisc {
+  RemoveTree,   ///< the folder is emptied with all below it and made anew
+  RemoveFiles,  ///< its files go, one by one
+};
+
+/// Asks before an old disc is deleted and deletes it. Nothing is asked when the folder holds no file.
+bool ClearVideoTs(const Project& project, OldDisc how, Prompter& prompter);
+
+/// Asks before an ISO image of the same name is overwritten, and deletes it.
+bool ClearOldIso(const Project& project, Prompter& prompter);
+
+/// Asks to go on for each drive that has not enough free space.
+bool CheckFreeSpace(const Project& project, Prompter& prompter);
+
+/// No source of the project lies where the run erases temporary files by wildcard. Nothing is asked: such a run is
+/// refused, with the names.
+bool CheckSourcesSafe(const Project& project, Prompter& prompter);
+
+/// No two films share the name of their temporary files, and none of these files is a source of the project.
+bool CheckTemporaryNames(const Project& project, Prompter& prompter);
+
+/// "{Out}\DVD\VIDEO_TS"
+QString VideoTsDir(const Settings& settings);
+
+/// "{ISOPath}\{ISO_Name}.ISO"; without an ISO path in the output directory.
+QString IsoFile(const Settings& settings);
+
+/// All files that the project names, and the project file itself: full DOS paths, each once.
+QStringList ProjectFiles(const Project& project);
+
+}  // namespace torvane

@@ -1,0 +1,48 @@
+#include "compilers/subtitle_files.h"
+
+#include <array>
+
+#include "core/line_text.h"
+#include "core/text.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+constexpr std::array<QStringView, 13> kFormatAttributes{
+    u"characterset",  u"fontsize",   u"font",          u"horizontal-alignment", u"vertical-alignment",
+    u"left-margin",   u"right-margin", u"top-margin",  u"bottom-margin",        u"movie-fps",
+    u"subtitle-fps",  u"movie-width", u"movie-height"};
+
+}  // namespace
+
+QByteArray WriteTextSubXml(const QString& subtitleFile, const QString& format) {
+  LineText out;
+  out.Line(u"<subpictures>");
+  out.Line(u"   <stream>");
+  out.Line(QString(u"     <textsub filename=\"" + subtitleFile + u"\""));
+  const QStringList fields = format.split(u'/');
+  for (qsizetype i = 0; i < std::min<qsizetype>(fields.size(), kFormatAttributes.size()); ++i) {
+    out.Line(QString(u"        " + kFormatAttributes[i] + u"=\"" + fields[i] + u"\""));
+  }
+  out.Line(u"     />");
+  out.Line(u"   </stream>");
+  out.Line(u"</subpictures>");
+  return out.Bytes();
+}
+
+QByteArray PaletteFileText(const QString& colors) {
+  LineText out;
+  for (const QString& color : colors.split(u',')) {
+    const auto packed = static_cast<unsigned>(ValToInt(color));
+    QByteArray line;
+    for (const int shift : {0, 8, 16}) {
+      line += QByteArray::number((packed >> shift) & 0xFF, 16).rightJustified(2, '0').toUpper();
+    }
+    out.Line(line);
+  }
+  return out.Bytes();
+}
+
+}  // namespace torvane
