@@ -5,7 +5,7 @@
 
 add_library(torvane_flags INTERFACE)
 target_compile_definitions(torvane_flags INTERFACE
-  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_NO_URL_CAST_FROM_STRING)
+  QT_USE_QSTRINGBUILDER QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_NO_URL_CAST_FROM_STRING)
 target_compile_options(torvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
 target_include_directories(torvane_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
 if(TORVANE_SANITIZE)

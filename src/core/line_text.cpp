@@ -14,6 +14,8 @@ QString WithDoubledPercent(QString text) { return text.replace(u'%', u"%%"_s); }
 
 QByteArray BatchPath(const QString& path) { return ToDosCodePage(WithDoubledPercent(path)); }
 
+QByteArray QuotedBatchPath(const QString& path) { return '"' + BatchPath(path) + '"'; }
+
 QByteArray BatchText(const QString& text) { return WithDoubledPercent(text).toUtf8(); }
 
 }  // namespace torvane

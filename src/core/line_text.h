@@ -12,6 +12,7 @@ class LineText {
   void Line(const QByteArray& bytes) { bytes_ += bytes + "\r\n"; }
   void Line(const char* bytes) { Line(QByteArray(bytes)); }
   void Line(QStringView text) { Line(text.toUtf8()); }
+  void Line(const QString& text) { Line(text.toUtf8()); }
 
   const QByteArray& Bytes() const { return bytes_; }
 
@@ -22,6 +23,9 @@ class LineText {
 /// A path as it stands in a line of a batch file: "%" doubled, the German letters in the DOS code page. The quotes
 /// around it belong to the line.
 QByteArray BatchPath(const QString& path);
+
+/// The same in double quotes.
+QByteArray QuotedBatchPath(const QString& path);
 
 /// Any other text inserted into a line of a batch file: "%" doubled, UTF-8.
 QByteArray BatchText(const QString& text);
