@@ -9,7 +9,7 @@
 #include "core/resource_paths.h"
 #include "core/text.h"
 #include "platform/host_files.h"
-#include "run/temp_files.h"
+#include "run/source_guard.h"
 
 using namespace Qt::Literals::StringLiterals;
 
