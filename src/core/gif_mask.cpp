@@ -20,7 +20,7 @@ int To16Bit(double value) {
 
 QString FindGifMask(const QString& file, const QString& appPath, const QString& ownGifMaskDir) {
   if (file.isEmpty()) return {};
-  for (const QString& path : {appPath + u"\\GifMask\\"_s + file, ownGifMaskDir + u'\\' + file}) {
+  for (const QString& path : {QString(appPath + u"\\GifMask\\" + file), QString(ownGifMaskDir + u'\\' + file)}) {
     if (HostFiles::FileExists(path)) return path;
   }
   return {};

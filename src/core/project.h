@@ -9,8 +9,6 @@
 
 namespace torvane {
 
-inline constexpr QStringView kProgramVersion = u"1.07";
-
 /// One additional menu. Slot number i owns the menu key "SM" & i or "MM" & i.
 struct MenuSlot {
   bool Used = false;

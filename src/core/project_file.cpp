@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/project_xml.h"
 #include "core/resource_paths.h"
+#include "core/settings_project.h"
 #include "core/text.h"
 #include "platform/host_files.h"
 
@@ -153,9 +154,8 @@ Result<QByteArray> ProjectFileText(const Project& project) {
   writer.setAutoFormattingIndent(kIndent);
   writer.writeStartElement("NODES"_L1);
   for (const ProjectElement& element : ProjectAttributes(project.Settings)) {
-    writer.writeEmptyElement(element.Name);
-    if (element.Name == u"SETTINGS") writer.writeAttribute("TVNVERSION"_L1, kProgramVersion.toString());
-    for (const auto& [name, value] : element.Attributes) writer.writeAttribute(name, value);
+    writer.writeEmptyElement(element.name);
+    for (const auto& [name, value] : element.attributes) writer.writeAttribute(name, value);
   }
   WriteNodes(writer, project.Tree);
   writer.writeEndElement();
@@ -181,17 +181,17 @@ bool SaveProject(Project& project, Prompter& prompter) {
 bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
   const Result<QByteArray> file = HostFiles::Read(path);
   if (!file) {
-    prompter.Fail(GetMessage(116, {{u"|1"_s, path}}) + u"\r\n" + file.Error());
+    prompter.Fail(GetMessage(116, {{u"|1", path}}) + u"\r\n" + file.Error());
     return false;
   }
   const std::optional<int> version = ReadFileVersion(*file);
-  if (!version || *version < kOldestVersion || *version > RoundHalfEven(Val(kProgramVersion) * 1000)) {
+  if (!version || *version < kOldestVersion || *version > RoundHalfEven(Val(ProgramVersion) * 1000)) {
     prompter.Fail(GetMessage(115));
     return false;
   }
   const Result<ProjectXml> xml = ReadProjectXml(*file);
   if (!xml) {
-    prompter.Fail(GetMessage(116, {{u"|1"_s, path}}) + u"\r\n" + xml.Error());
+    prompter.Fail(GetMessage(116, {{u"|1", path}}) + u"\r\n" + xml.Error());
     return false;
   }
   if (const ProjectXml::Node* bad = FindBadNode(*xml)) {
@@ -201,7 +201,7 @@ bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
 
   project.Reset();
   project.ProjectFile = path;
-  ReadProjectSettings(xml->elements, *version, project.Settings);
+  ReadProjectSettings(xml->elements, float(*version) / 1000.0F, project.Settings);
   FillTree(project.Tree, *xml);
   const QStringList missing = FixResourcePaths(project, path.left(path.lastIndexOf(u'\\')));
   ReadIntro(project);

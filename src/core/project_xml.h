@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 #include <optional>
 #include <vector>
 
 #include "core/project_tree.h"
+#include "core/settings_project.h"
 #include "platform/result.h"
 
 namespace torvane {
@@ -18,8 +18,8 @@ struct ProjectXml {
     int parent = -1;  ///< index in `nodes`, -1 at the root level
   };
 
-  QHash<QString, QHash<QString, QString>> elements;  ///< settings elements by name, their attributes by name
-  std::vector<Node> nodes;                           ///< in tree order
+  ElementAttributes elements;  ///< the settings elements
+  std::vector<Node> nodes;     ///< in tree order
 };
 
 /// Version of a project file in thousandths (1.07 is 1070), from its second line as plain text; nothing when that line

@@ -12,8 +12,8 @@ enum class Answer { Ok, Cancel, Yes, No };
 struct Box {
   BoxKind kind = BoxKind::Information;
   BoxButtons buttons = BoxButtons::Ok;
-  QString text;
-  QString title;                    ///< "" for the program's own
+  QString text = {};
+  QString title = {};               ///< "" for the program's own
   Answer preselected = Answer::Ok;  ///< what the box answers when its default button is pressed
   bool operator==(const Box&) const = default;
 };
