@@ -1,0 +1,260 @@
+#include "core/project_file.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "core/project_xml.h"
+#include "platform/host_files.h"
+#include "support/project_builder.h"
+#include "support/recording_prompter.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+const QString kFile = u"C:\\p\\x.tvn"_s;
+
+struct Dumped {
+  QString key, caption, tag, parent;
+  int image;
+  bool operator==(const Dumped&) const = default;
+};
+
+std::vector<Dumped> Dump(const ProjectTree& tree) {
+  std::vector<Dumped> nodes;
+  for (const ProjectNode* node = tree.NextInOrder(nullptr); node; node = tree.NextInOrder(node)) {
+    nodes.push_back({node->Key(), node->Caption(), node->Tag(), node->Parent() ? node->Parent()->Key() : QString(),
+                     node->Image()});
+  }
+  return nodes;
+}
+
+class ProjectFileTest : public testing::Test {
+ protected:
+  ProjectFileTest() : settings_(test::FixedSettings()) {
+    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
+    for (const QString& name : {u"p"_s, u"O"_s, u"In"_s, u"App"_s}) QDir(dir_.path()).mkdir(name);
+    settings_.InDir = u"C:\\In"_s;
+  }
+  ~ProjectFileTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+
+  static void Write(const QByteArray& text) { ASSERT_TRUE(HostFiles::WriteAtomically(kFile, text)); }
+  static QByteArray Document(const QByteArray& version, const QByteArray& rest) {
+    return "<NODES>\r\n  <SETTINGS TVNVERSION=\"" + version + "\" NORM=\"0\"/>\r\n" + rest + "</NODES>";
+  }
+  QTemporaryDir dir_;
+  Settings settings_;
+  test::RecordingPrompter prompter_;
+};
+
+TEST_F(ProjectFileTest, WritesOneElementALineWithTheVersionOnTheSecond) {
+  Project project(settings_);
+  project.Tree.Add({.Key = u"TS"_s, .Caption = u"a<b> & \"c\"\r\n\td"_s});
+  project.Tree.Add({.Key = u"MM"_s, .Caption = u"Größe"_s, .Tag = u"MM2"_s, .Image = kHeadNode}, u"TS"_s,
+                   Relation::Child);
+  const Result<QByteArray> text = ProjectFileText(project);
+  ASSERT_TRUE(text);
+  const QList<QByteArray> lines = text->split('\n');
+  ASSERT_EQ(lines.size(), 10);
+  EXPECT_EQ(lines[0], "<NODES>\r");
+  EXPECT_TRUE(lines[1].startsWith("  <SETTINGS TVNVERSION=\"1.07\" NORM=\"1\" NOTS=\"1\" MRATIO=\"0\" ")) << lines[1].data();
+  EXPECT_TRUE(lines[5].startsWith("  <SETTINGS5 LOOPSYNTAX=\"0\" ENGINE=\"0\" _169MODE=\"0\" ")) << lines[5].data();
+  EXPECT_EQ(lines[6],
+            "  <NODE Caption=\"a&lt;b&gt; &amp; &quot;c&quot;&#13;&#10;&#9;d\" Key=\"TS\" Tag=\"\" Image=\"1\" "
+            "ParentKey=\"\">\r");
+  EXPECT_EQ(lines[7],
+            "    <NODE Caption=\"Gr\xC3\xB6\xC3\x9F" "e\" Key=\"MM\" Tag=\"MM2\" Image=\"7\" ParentKey=\"TS\"/>\r");
+  EXPECT_EQ(lines[8], "  </NODE>\r");
+  EXPECT_EQ(lines[9], "</NODES>");
+}
+
+TEST_F(ProjectFileTest, SavedAndLoadedIsTheSameProject) {
+  Project project(settings_);
+  test::BuildTwoFilms(project);
+  project.Tree.SetCaption(u"MMB1Text"_s, u"Text=two\r\nlines & \"more\" <ä€> \t."_s);
+  project.Tree.SetTag(u"FPV1"_s, u"\u00FD\u00FE\u00FF"_s);
+  CalculateTotalSize(project);
+  project.ProjectFile = kFile;
+  project.Settings.RoundedButtonFrames = false;
+  project.Settings.Def169Mode = 2;
+  project.Settings.DefBackButtonText = u"Zurück \"hier\""_s;
+  ASSERT_TRUE(SaveProject(project, prompter_));
+  ASSERT_TRUE(prompter_.boxes.empty());
+
+  Project loaded(settings_);
+  ASSERT_TRUE(LoadProject(loaded, kFile, prompter_));
+  EXPECT_EQ(Dump(loaded.Tree), Dump(project.Tree));
+  EXPECT_EQ(loaded.Settings, project.Settings);
+  EXPECT_EQ(loaded.MainSubMenuTable, project.MainSubMenuTable);
+  EXPECT_EQ(loaded.FilmCount, 2);
+  EXPECT_EQ(ProjectFileText(loaded).operator*(), ProjectFileText(project).operator*());
+  EXPECT_EQ(loaded.UserSettings, settings_);
+}
+
+TEST_F(ProjectFileTest, ReadsTheVersionsItKnows) {
+  struct Case {
+    QByteArray version;
+    bool loads;
+  };
+  for (const Case& c : {Case{"0.69", false}, {"0.6994", false}, {"0.7", true}, {"0.7004", true}, {"0,85", true},
+                        {"1.07", true}, {"1.0704", true}, {"1.0706", false}, {"1.08", false}, {"", false},
+                        {"x", false}, {"99999999999999999999", false}}) {
+    Write(Document(c.version, ""));
+    Project project(settings_);
+    test::RecordingPrompter prompter;
+    EXPECT_EQ(LoadProject(project, kFile, prompter), c.loads) << c.version.data();
+    EXPECT_EQ(prompter.boxes.empty(), c.loads);
+  }
+}
+
+TEST_F(ProjectFileTest, TakesEachSettingFromTheElementOfItsVersion) {
+  const QByteArray rest =
+      "<SETTINGS2 DEFTEXTALIGN=\"2\"/>\r\n"
+      "<SETTINGS4 NOMENUS=\"0\" ENGINE=\"1\" 169MODE=\"1\" DEFSHADOW=\"1;2;3;4;5;\" X=\"a > 169MODE='7'\"/>\r\n"
+      "<SETTINGS5 ENGINE=\"0\" 169MODE = \"2\" DEFSHADOW=\"9;8;7;1;\"/>\r\n";
+  struct Case {
+    QByteArray version;
+    int align, engine, mode;
+    QString shadow;
+  };
+  for (const Case& c : {Case{"0.85", 0, 0, 0, u"128;5;6;0;"_s}, {"0.851", 2, 1, 1, u"1;2;3;0;"_s},
+                        {"1.04", 2, 1, 1, u"1;2;3;0;"_s}, {"1.041", 2, 0, 2, u"9;8;7;1;"_s}}) {
+    Write(Document(c.version, rest));
+    Project project(settings_);
+    ASSERT_TRUE(LoadProject(project, kFile, prompter_)) << prompter_.boxes.back().text.toStdString();
+    EXPECT_EQ(project.Settings.DefTextAlign, c.align) << c.version.data();
+    EXPECT_EQ(project.Settings.Engine, c.engine) << c.version.data();
+    EXPECT_EQ(project.Settings.Def169Mode, c.mode) << c.version.data();
+    EXPECT_EQ(project.Settings.DefShadow, c.shadow) << c.version.data();
+    EXPECT_FALSE(project.Settings.VideoNormPal);
+    EXPECT_EQ(project.Settings.VideoHeight, 480);
+  }
+}
+
+TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
+  struct Case {
+    QByteArray text;
+    QString message;
+  };
+  const Case cases[] = {
+      {"", u"ERROR! Wrong file version!"_s},
+      {"<NODES>\r\n<SETTINGS NORM=\"1\"/></NODES>", u"ERROR! Wrong file version!"_s},
+      {Document("1.07", "<NODE Key=\"a\">"), u"Could not load file C:\\p\\x.tvn"_s},
+      {Document("1.07", "<NODE Key=\"a\" Key=\"b\"/>"), u"Could not load file C:\\p\\x.tvn"_s},
+      {"<!DOCTYPE a [<!ENTITY b \"c\"><!ENTITY d \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">]><NODES>\n"
+       "<SETTINGS TVNVERSION=\"1.07\"/>&undefined;</NODES>", u"Could not load file C:\\p\\x.tvn"_s},
+      {Document("1.07", "<NODE Key=\"a\" Caption=\"A\"><NODE Key=\"b\"/></NODE><NODE Key=\"b\" Caption=\"second\"/>"),
+       u"ERROR loading node!\r\nParent: Top\r\nKey: b\r\nCaption: second\r\n\r\n"
+       u"Read the error condition and post it in a support forum\r\nProgram terminates after 'Ok'!"_s},
+      {Document("1.07", "<NODE Key=\"a\"><NODE Caption=\"no key\"/></NODE>"),
+       u"ERROR loading node!\r\nParent: a\r\nKey: \r\nCaption: no key\r\n\r\n"
+       u"Read the error condition and post it in a support forum\r\nProgram terminates after 'Ok'!"_s},
+  };
+  Project project(settings_);
+  test::BuildTwoFilms(project);
+  const std::vector<Dumped> before = Dump(project.Tree);
+  for (const Case& c : cases) {
+    Write(c.text);
+    test::RecordingPrompter prompter;
+    EXPECT_FALSE(LoadProject(project, kFile, prompter));
+    ASSERT_EQ(prompter.boxes.size(), 1U);
+    EXPECT_EQ(prompter.boxes[0].kind, BoxKind::Error);
+    EXPECT_TRUE(prompter.boxes[0].text.startsWith(c.message)) << prompter.boxes[0].text.toStdString();
+    EXPECT_EQ(Dump(project.Tree), before);
+    EXPECT_EQ(project.FilmCount, 2);
+  }
+  EXPECT_FALSE(LoadProject(project, u"C:\\p\\missing.tvn"_s, prompter_));
+}
+
+TEST_F(ProjectFileTest, SurvivesDeepNesting) {
+  constexpr int kDepth = 20000;
+  QByteArray nodes;
+  for (int i = 0; i < kDepth; ++i) nodes += "<NODE Key=\"k" + QByteArray::number(i) + "\">";
+  for (int i = 0; i < kDepth; ++i) nodes += "</NODE>";
+  Write(Document("1.07", nodes));
+  Project project(settings_);
+  ASSERT_TRUE(LoadProject(project, kFile, prompter_));
+  EXPECT_EQ(project.Tree.NodeCount(), kDepth);
+  project.Tree.Remove(u"k1"_s);
+  EXPECT_EQ(project.Tree.NodeCount(), 1);
+}
+
+TEST_F(ProjectFileTest, FindsFilesThatMoved) {
+  for (const QString& file : {u"In/film.m2v"_s, u"p/sound.ac3"_s, u"O/back.png"_s, u"App/default.jpg"_s, u"p/mask.gif"_s}) {
+    ASSERT_TRUE(HostFiles::WriteAtomically(HostFiles::ToDos(dir_.path() + u'/' + file), "x"));
+  }
+  Project project(settings_);
+  test::BuildTwoFilms(project);
+  project.Tree.SetCaption(u"FPV1"_s, u"Video=D:\\old\\film.m2v"_s);
+  project.Tree.SetCaption(u"FPV2"_s, u"Video=D:\\old\\gone.m2v"_s);
+  test::AddNode(project, u"FP1"_s, u"FP1A1|Audio1=D:\\old\\sound.ac3"_s);
+  project.Tree.SetCaption(u"MMBGPath"_s, u"Image=D:\\old\\Default.JPG"_s);
+  project.Tree.SetCaption(u"MM1BGPath"_s, u"Image=D:\\old\\back.png"_s);
+  test::AddNode(project, u"MMB1"_s, u"MMB1GifMask|GifMask=1"_s);
+  test::AddNode(project, u"MMB1GifMask"_s, u"MMB1GifMaskGif|Gif=other.gif|D:\\old\\mask.gif"_s);
+  test::AddNode(project, u"MMI"_s, u"MMI1|Image1"_s);
+  test::AddNode(project, u"MMI1"_s, u"MMI1File|D:\\old\\gone.m2v"_s);
+  project.ProjectFile = kFile;
+  ASSERT_TRUE(SaveProject(project, prompter_));
+
+  Project loaded(settings_);
+  ASSERT_TRUE(LoadProject(loaded, kFile, prompter_));
+  const auto caption = [&loaded](const QString& key) { return loaded.Tree.Find(key)->Caption(); };
+  EXPECT_EQ(caption(u"FPV1"_s), u"Video=C:\\In\\film.m2v"_s);
+  EXPECT_EQ(caption(u"FP1A1"_s), u"Audio1=C:\\p\\sound.ac3"_s);
+  EXPECT_EQ(caption(u"MMBGPath"_s), u"Image=C:\\App\\default.jpg"_s);
+  EXPECT_EQ(caption(u"MM1BGPath"_s), u"Image=C:\\O\\back.png"_s);
+  EXPECT_EQ(loaded.Tree.Find(u"MMB1GifMaskGif"_s)->Tag(), u"C:\\p\\mask.gif"_s);
+  EXPECT_EQ(caption(u"FPV2"_s), u"Video=D:\\old\\gone.m2v"_s);
+  ASSERT_EQ(prompter_.boxes.size(), 1U);
+  EXPECT_EQ(prompter_.boxes[0].text, u"The following resources could not be found\r\nD:\\old\\gone.m2v"_s);
+}
+
+TEST_F(ProjectFileTest, ListsTwentyMissingFiles) {
+  QByteArray nodes;
+  for (int i = 1; i <= 25; ++i) {
+    nodes += "<NODE Key=\"n" + QByteArray::number(i) + "\" Caption=\"Video=D:\\x" + QByteArray::number(i) + "\"/>";
+  }
+  Write(Document("1.07", nodes));
+  Project project(settings_);
+  ASSERT_TRUE(LoadProject(project, kFile, prompter_));
+  ASSERT_EQ(prompter_.boxes.size(), 1U);
+  const QStringList lines = prompter_.boxes[0].text.split(u"\r\n"_s);
+  ASSERT_EQ(lines.size(), 22);
+  EXPECT_EQ(lines[20], u"D:\\x20"_s);
+  EXPECT_EQ(lines[21], u"..."_s);
+}
+
+TEST_F(ProjectFileTest, AFailedSaveKeepsTheFormerFile) {
+  Project project(settings_);
+  test::BuildTwoFilms(project);
+  project.ProjectFile = u"C:\\nowhere\\x.tvn"_s;
+  project.ProjectSaved = false;
+  EXPECT_FALSE(SaveProject(project, prompter_));
+  EXPECT_FALSE(project.ProjectSaved);
+  ASSERT_EQ(prompter_.boxes.size(), 1U);
+  EXPECT_TRUE(prompter_.boxes[0].text.startsWith(u"ERROR! File is probably write protected!"));
+
+  Write("former");
+  project.ProjectFile = kFile;
+  project.Tree.SetCaption(u"MMB2Text"_s, u"Text=\u0001"_s);
+  EXPECT_FALSE(SaveProject(project, prompter_));
+  EXPECT_TRUE(prompter_.boxes[1].text.contains(u"MMB2Text"));
+  EXPECT_EQ(HostFiles::Read(kFile).operator*(), "former");
+}
+
+TEST_F(ProjectFileTest, ReadsTheIntroFromItsNodes) {
+  Write(Document("1.07", "<NODE Key=\"INTRO\" Caption=\"Intro\"><NODE Key=\"INTROFile\" Caption=\"i.mpg\"/></NODE>"));
+  settings_.IntroAudio = u"old"_s;
+  Project project(settings_);
+  ASSERT_TRUE(LoadProject(project, kFile, prompter_));
+  EXPECT_TRUE(project.Settings.UseIntro);
+  EXPECT_EQ(project.Settings.IntroMovie, u"i.mpg"_s);
+  EXPECT_EQ(project.Settings.IntroAudio, QString());
+}
+
+}  // namespace
+}  // namespace torvane
