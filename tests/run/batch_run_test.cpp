@@ -1,0 +1,369 @@
+#include "run/batch_run.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <csignal>
+#include <map>
+
+#include "platform/host_files.h"
+#include "run/console_capture.h"
+#include "run/interrupt_watch.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+const QString kHelper = QStringLiteral(TORVANE_BIN_DIR "/run_console_helper");
+
+/// Plays back what was written for each command line, and records in which directory it ran.
+class FakeConsole : public Console {
+ public:
+  struct Play {
+    QStringList chunks;
+    ConsoleEnd end;
+    std::function<void()> meanwhile = [] {};
+  };
+
+  QString CommandLine() const override { return {}; }
+  std::int32_t ProcessID() const override { return 0; }
+  void Cancel() override {}
+  void Terminate() override { ++terminated; }
+
+  ConsoleEnd RunProcess(const QString& commandLine, const QString& directory, ConsoleClient& client) override {
+    ran << commandLine + u" in "_s + directory;
+    const Play play = plays.value(commandLine, Play{{u"C:\\T>"_s}, {}});
+    for (const QString& chunk : play.chunks) {
+      client.BeforePoll();
+      client.ReadProcess(chunk);
+      client.Pump();
+    }
+    play.meanwhile();
+    return play.end;
+  }
+
+  QHash<QString, Play> plays;
+  QStringList ran;
+  int terminated = 0;
+};
+
+/// Writes down each event of a run as a line.
+class Recorder : public RunListener {
+ public:
+  void TextAppended(const QString& text) override {
+    shown += text;
+    Note(u"text "_s + QString(text).replace(u'\r', u"\\r"_s).replace(u'\n', u"\\n"_s));
+  }
+  void CaptionChanged(const QString& caption) override { Note(u"caption "_s + caption); }
+  void StepStarted(qsizetype index, qsizetype count, const QString& batch) override {
+    Note(u"step %1/%2 %3"_s.arg(index).arg(count).arg(batch));
+  }
+  void StepEnded(qsizetype index, double seconds) override { Note(u"ended %1 %2 s"_s.arg(index).arg(seconds)); }
+  void Marked(const RunMark& mark) override { Note(u"red "_s + shown.mid(mark.from, mark.length).trimmed()); }
+  void SignShown(RunSign sign) override { Note(sign == RunSign::Error ? u"error sign"_s : u"success sign"_s); }
+  void Finished(RunOutcome outcome) override { Note(u"outcome %1"_s.arg(int(outcome))); }
+  void Pump() override { onPump(); }
+
+  std::string Events() const { return events.join(u'\n').toStdString() + '\n'; }
+
+  QString shown;
+  QStringList events;
+  std::function<void()> onPump = [] {};
+
+ private:
+  void Note(const QString& event) { events << event; }
+};
+
+class BatchRunTest : public testing::Test {
+ protected:
+  BatchRunTest() {
+    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
+    HostFiles::MakeDir(u"C:\\T"_s);
+    HostFiles::MakeDir(u"C:\\O"_s);
+    clock_.now = [] { return QDateTime(QDate(2024, 5, 6), QTime(7, 8, 9)); };
+    clock_.milliseconds = [this] { return milliseconds_ += 1500; };
+  }
+  ~BatchRunTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+
+  static RunRequest Request(const QStringList& batches) {
+    RunRequest request;
+    request.BatchList = batches;
+    request.TempDir = u"C:\\T"_s;
+    request.OutDir = u"C:\\O"_s;
+    return request;
+  }
+  static QByteArray Content(const QString& dosPath) {
+    const Result<QByteArray> content = HostFiles::Read(dosPath);
+    return content ? *content : "failed: " + content.Error().toUtf8();
+  }
+  static void Make(const QString& dosPath, const QByteArray& content = "x") {
+    ASSERT_TRUE(HostFiles::WriteAtomically(dosPath, content));
+  }
+
+  QTemporaryDir dir_;
+  FakeConsole console_;
+  Recorder recorder_;
+  RunClock clock_;
+  qint64 milliseconds_ = 0;
+};
+
+TEST_F(BatchRunTest, RunsAllStepsAndWritesTheLog) {
+  Make(u"C:\\O\\TorvaneAuthor.log"_s, QByteArray(5000, 'z'));
+  Make(u"C:\\T\\spumux.exe.stackdump"_s);
+  QByteArray logMeanwhile;
+  console_.plays[u"cmd.exe"_s] = {{u"Console\r\nC:\\T>"_s}, {}};
+  console_.plays[u"cmd /k a.bat"_s] = {{u"größe\r\n"_s, u"größe\r\n"_s, u"50%>"_s, u"\r\nC:\\T>"_s}, {}};
+  console_.plays[u"cmd /k b.bat"_s] = {
+      {u"C:\\T>"_s}, {}, [&] { logMeanwhile = Content(u"C:\\O\\TorvaneAuthor.log"_s); }};
+  BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
+  EXPECT_EQ(run.RunToEnd(), RunOutcome::Finished);
+  EXPECT_EQ(recorder_.Events(),
+            R"(caption BatchRun Log
+text Console\r\nC:\T>
+caption BatchRun Log   Running: a.bat
+text Time: 2024-05-06 07:08:09\r\n
+step 0/2 a.bat
+text größe\r\n
+text 50%>
+text \r\nC:\T>
+ended 0 1.5 s
+caption BatchRun Log   Running: b.bat
+text Time: 2024-05-06 07:08:09\r\n
+step 1/2 b.bat
+text C:\T>
+ended 1 1.5 s
+success sign
+caption BatchRun Log   Finished
+outcome 0
+)");
+  EXPECT_EQ(logMeanwhile,
+            "Start CaptureConsole\r\n"
+            "Capture console running; Next command: cmd /k a.bat\r\n"
+            "Capture console running; Next command: cmd /k b.bat\r\n");
+  EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s),
+            "Console\r\nC:\\T>Time: 2024-05-06 07:08:09\r\ngr\xC3\xB6\xC3\x9F"
+            "e\r\n50%>\r\nC:\\T>"
+            "Time: 2024-05-06 07:08:09\r\nC:\\T>");
+  EXPECT_EQ(run.PromptText(), u"C:\\T"_s);
+  EXPECT_EQ(console_.ran, (QStringList{u"cmd.exe in C:\\T"_s, u"cmd /k a.bat in C:\\T"_s, u"cmd /k b.bat in C:\\T"_s}));
+  EXPECT_EQ(run.RequestClose(), BatchRun::CloseAnswer::MayClose);
+  run.Tick();
+  EXPECT_EQ(recorder_.events.size(), 17);
+}
+
+TEST_F(BatchRunTest, AnErrorWordStopsTheStepsBehind) {
+  console_.plays[u"cmd /k a.bat"_s] = {{u"*ERROR: no\r\nC:\\T>"_s}, {}};
+  BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
+  EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
+  EXPECT_EQ(recorder_.Events(),
+            R"(caption BatchRun Log
+text C:\T>
+caption BatchRun Log   Running: a.bat
+text Time: 2024-05-06 07:08:09\r\n
+step 0/2 a.bat
+text *ERROR: no\r\nC:\T>
+ended 0 1.5 s
+caption BatchRun Log   Running: b.bat
+text Time: 2024-05-06 07:08:09\r\n
+red *ERROR: no
+error sign
+caption BatchRun Log   Finished
+outcome 1
+)");
+}
+
+TEST_F(BatchRunTest, AnErrorWordOfTheLastStepFailsTheRun) {
+  console_.plays[u"cmd /k a.bat"_s] = {{u"x\nERR: no\r\n"_s}, {}};
+  const auto outcome = [&](const QString& runMode) {
+    RunRequest request = Request({u"a.bat"_s});
+    request.RunMode = runMode;
+    return BatchRun(request, console_, recorder_, clock_).RunToEnd();
+  };
+  EXPECT_EQ(outcome(u"0"_s), RunOutcome::Failed);
+  EXPECT_EQ(outcome(u"1"_s), RunOutcome::Finished);
+  EXPECT_EQ(outcome(u""_s), RunOutcome::Finished);
+}
+
+TEST_F(BatchRunTest, AStackdumpFailsTheRunAtEachScan) {
+  console_.plays[u"cmd /k a.bat"_s] = {{u"C:\\T>"_s}, {}, [] { Make(u"C:\\T\\spumux.exe.stackdump"_s); }};
+  BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
+  EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
+  EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s),
+            "C:\\T>Time: 2024-05-06 07:08:09\r\nTime: 2024-05-06 07:08:09\r\n"
+            "*ERROR spumux crashed (stackdump)\r\n*ERROR spumux crashed (stackdump)\r\n");
+}
+
+TEST_F(BatchRunTest, ClosingAbortsBehindTheRunningStepAndIsRefusedUntilThen) {
+  BatchRun* running = nullptr;
+  std::vector<BatchRun::CloseAnswer> answers;
+  console_.plays[u"cmd /k a.bat"_s] = {{u"one\r\n"_s, u"two\r\n"_s, u"C:\\T>"_s}, {}};
+  RunRequest request = Request({u"a.bat"_s, u"b.bat"_s, u"c.bat"_s});
+  request.KeepLogFile = true;
+  request.TVNLogFile = u"C:\\O\\all.log"_s;
+  request.LogText = u"Project: P %1\r\n"_s;
+  Make(request.TVNLogFile, "before\r\n");
+  BatchRun run(request, console_, recorder_, clock_);
+  run.Open();
+  running = &run;
+  recorder_.onPump = [&] {
+    running->Tick();
+    if (answers.size() < 2) answers.push_back(running->RequestClose());
+  };
+  run.Tick();
+  EXPECT_FALSE(run.IsClosed());
+  run.Tick();
+  EXPECT_TRUE(run.IsClosed());
+  answers.push_back(run.RequestClose());
+  using enum BatchRun::CloseAnswer;
+  EXPECT_EQ(answers, (std::vector{Aborting, Busy, MayClose}));
+  EXPECT_EQ(run.Outcome(), RunOutcome::Aborted);
+  EXPECT_EQ(recorder_.Events(),
+            R"(caption BatchRun Log
+text C:\T>
+caption BatchRun Log   Running: a.bat
+text Time: 2024-05-06 07:08:09\r\n
+step 0/3 a.bat
+text one\r\n
+caption BatchRun Log   Running: a.bat     Aborting...
+text two\r\n
+text C:\T>
+ended 0 1.5 s
+success sign
+caption BatchRun Log   Aborted
+outcome 2
+)");
+  EXPECT_EQ(Content(request.TVNLogFile),
+            "before\r\n\r\n\r\nProject: P %1\r\nTime: 2024-05-06 07:08:09  BatchRun Log Aborted\r\n\r\n");
+}
+
+TEST_F(BatchRunTest, ClosingBetweenTheLastStepAndTheClosingWorkDoesThatWork) {
+  BatchRun run(Request({u"a.bat"_s}), console_, recorder_, clock_);
+  run.Open();
+  run.Tick();
+  EXPECT_EQ(run.RequestClose(), BatchRun::CloseAnswer::MayClose);
+  EXPECT_EQ(run.Outcome(), RunOutcome::Finished);
+  EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s), "C:\\T>Time: 2024-05-06 07:08:09\r\n");
+}
+
+TEST_F(BatchRunTest, CleansUpWhateverTheOutcomeButNeverASource) {
+  for (const bool fails : {false, true}) {
+    for (const QString& file : {u"Author.xml"_s, u"a.bat"_s, u"source.mpg"_s}) Make(u"C:\\T\\"_s + file);
+    for (const QString& folder : {u"TempSub.d"_s, u"TempAudioMpg"_s, u"mine"_s}) {
+      HostFiles::MakeDir(u"C:\\T\\"_s + folder);
+      Make(u"C:\\T\\"_s + folder + u"\\file"_s);
+    }
+    console_.plays[u"cmd /k a.bat"_s] = {{fails ? u"*ERROR\r\n"_s : u"fine\r\n"_s}, {}};
+    RunRequest request = Request({u"a.bat"_s});
+    request.AutoDelete = true;
+    request.OutDir = u"C:\\T"_s;
+    request.protectedFiles = {u"c:\\t\\SOURCE.mpg"_s};
+    EXPECT_EQ(BatchRun(request, console_, recorder_, clock_).RunToEnd(),
+              fails ? RunOutcome::Failed : RunOutcome::Finished);
+    EXPECT_EQ(HostFiles::FileNames(u"C:\\T"_s), (QStringList{u"TorvaneAuthor.log"_s, u"source.mpg"_s}));
+    EXPECT_EQ(HostFiles::DirNames(u"C:\\T"_s), QStringList{u"mine"_s});
+    EXPECT_EQ(HostFiles::FileNames(u"C:\\T\\mine"_s), QStringList{u"file"_s});
+  }
+}
+
+TEST_F(BatchRunTest, TakesTheLogsOfMuxManAndImgBurn) {
+  Make(u"C:\\O\\muxman.log"_s, "old");
+  console_.plays[u"cmd /k Author.bat"_s] = {
+      {u"C:\\T>"_s}, {}, [] { Make(u"C:\\O\\muxman.log"_s, "Multiplexing\r\n"); }};
+  console_.plays[u"cmd /k ImgBurnRun.bat"_s] = {
+      {u"one\r\n"_s, u"C:\\T>"_s}, {}, [] { Make(u"C:\\O\\ImgBurn.log"_s, "burnt\r\n"); }};
+  struct Case {
+    const char* what;
+    int engine;
+    bool burn;
+    bool useImgBurn;
+    bool disc;
+    RunOutcome outcome;
+    QString log;
+  };
+  const QString time = u"Time: 2024-05-06 07:08:09\r\n"_s;
+  const Case cases[] = {
+      {"disc and burn", 1, true, true, true, RunOutcome::Finished,
+       u"C:\\T>"_s + time + u"Multiplexing\r\n"_s + time + u"one\r\nC:\\T>burnt\r\n"_s},
+      {"not burnt with ImgBurn", 1, true, false, true, RunOutcome::Finished,
+       u"C:\\T>"_s + time + u"Multiplexing\r\n"_s + time + u"one\r\nC:\\T>"_s},
+      {"no disc", 1, true, true, false, RunOutcome::Failed,
+       u"C:\\T>"_s + time + u"Multiplexing\r\n\r\nMuxMan error!"_s + time},
+      {"dvdauthor", 0, false, true, false, RunOutcome::Finished, u"C:\\T>"_s + time + time + u"one\r\nC:\\T>"_s},
+  };
+  for (const Case& c : cases) {
+    const QString ifo = u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s;
+    HostFiles::MakeDir(u"C:\\O\\DVD\\VIDEO_TS"_s);
+    HostFiles::RemoveFile(ifo);
+    if (c.disc) Make(ifo);
+    RunRequest request = Request({u"Author.bat"_s, u"ImgBurnRun.bat"_s});
+    request.Engine = c.engine;
+    request.BurnRequested = c.burn;
+    request.UseImgBurn = c.useImgBurn;
+    BatchRun run(request, console_, recorder_, clock_);
+    EXPECT_EQ(run.RunToEnd(), c.outcome) << c.what;
+    EXPECT_EQ(run.ConsoleText(), c.log) << c.what;
+    EXPECT_TRUE(c.engine == 0 || HostFiles::DirExists(u"C:\\O\\DVD\\AUDIO_TS"_s));
+  }
+}
+
+TEST_F(BatchRunTest, AConsoleThatFailsFailsTheRunWithALine) {
+  struct Case {
+    QString command;
+    ConsoleEnd end;
+    QByteArray log;
+  };
+  const Case cases[] = {
+      {u"cmd.exe"_s,
+       {ConsoleEnd::Kind::NotRun, 0, {0x80040192, u"ConsoleCapture"_s, u"Not launched"_s, u"/x: missing"_s}},
+       "C:\\T>\r\n*ERROR Not launched (ConsoleCapture 0x80040192) for cmd.exe: /x: missing\r\n"},
+      {u"cmd /k a.bat"_s,
+       {ConsoleEnd::Kind::Signalled, 9, {}},
+       "C:\\T>Time: 2024-05-06 07:08:09\r\nhalf\r\n"
+       "*ERROR The console running cmd /k a.bat was ended by signal 9 (Killed)\r\n"},
+  };
+  for (const Case& c : cases) {
+    console_.plays.clear();
+    console_.plays[c.command] = {{c.command == u"cmd.exe"_s ? u"C:\\T>"_s : u"half"_s}, c.end};
+    BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
+    EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
+    EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s), c.log);
+  }
+  EXPECT_FALSE(console_.ran.contains(u"cmd /k b.bat in C:\\T"_s));
+}
+
+TEST_F(BatchRunTest, ALogThatCannotBeWrittenFailsTheRunBeforeItStarts) {
+  RunRequest request = Request({u"a.bat"_s});
+  request.OutDir = u"C:\\nowhere"_s;
+  BatchRun run(request, console_, recorder_, clock_);
+  EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
+  EXPECT_EQ(console_.ran, QStringList());
+  const QString line =
+      u"*ERROR The log file cannot be written: %1/nowhere/TorvaneAuthor.log: No such file or directory"_s;
+  EXPECT_EQ(run.ShownText(), u"\r\n"_s + line.arg(dir_.path()) + u"\r\n"_s);
+}
+
+TEST_F(BatchRunTest, NoStepsAreARunThatFinishes) {
+  BatchRun run(Request({}), console_, recorder_, clock_);
+  EXPECT_EQ(run.RunToEnd(), RunOutcome::Finished);
+  EXPECT_EQ(console_.ran, QStringList{u"cmd.exe in C:\\T"_s});
+}
+
+TEST_F(BatchRunTest, TheFirstInterruptAbortsAndTheSecondEndsTheStep) {
+  ConsoleCapture console(kHelper);
+  BatchRun run(Request({u"hang"_s, u"exit 3"_s}), console, recorder_, clock_);
+  {
+    InterruptWatch interrupts;
+    int pumps = 0;
+    recorder_.onPump = [&] {
+      if (run.ShownText().endsWith(u'\n') && run.ShownText().count(u'\n') > 2 && ++pumps <= 2) raise(SIGINT);
+      interrupts.ApplyTo(run);
+    };
+    EXPECT_EQ(run.RunToEnd(), RunOutcome::Aborted);
+  }
+  EXPECT_EQ(run.Caption(), u"BatchRun Log   Aborted"_s);
+  EXPECT_FALSE(run.ShownText().contains(u"*ERROR"_s)) << run.ShownText().toStdString();
+}
+
+}  // namespace
+}  // namespace torvane

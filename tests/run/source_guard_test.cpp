@@ -1,0 +1,72 @@
+#include "run/source_guard.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/host_files.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+class SourceGuardTest : public testing::Test {
+ protected:
+  SourceGuardTest() {
+    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
+    for (const QString& folder : {u"C:\\T\\TempSub.d"_s, u"C:\\T\\TempAudioMpg"_s, u"C:\\T\\mine"_s, u"C:\\Films"_s}) {
+      HostFiles::MakeDir(folder);
+    }
+  }
+  ~SourceGuardTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+
+  void Make(const QStringList& files) {
+    for (const QString& file : files) ASSERT_TRUE(HostFiles::WriteAtomically(file, "x")) << file.toStdString();
+  }
+  void Link(const QString& target, const QString& link) {
+    ASSERT_TRUE(QFile::link(dir_.path() + u'/' + target, dir_.path() + u'/' + link));
+  }
+
+  QTemporaryDir dir_;
+};
+
+TEST_F(SourceGuardTest, NamesTheSourcesThatCleaningWouldDelete) {
+  Make({u"C:\\T\\a.mpg"_s, u"C:\\T\\TempSub.d\\b.png"_s, u"C:\\T\\mine\\c.mpg"_s, u"C:\\Films\\d.mpg"_s});
+  Link(u"T"_s, u"Way"_s);
+  Link(u"T/a.mpg"_s, u"Films/link.mpg"_s);
+  Link(u"Films/d.mpg"_s, u"T/d.mpg"_s);
+  const QStringList inDanger{u"C:\\T\\a.mpg"_s,
+                             u"c:\\t\\A.MPG"_s,
+                             u"C:\\Films\\..\\T\\a.mpg"_s,
+                             u"C:\\Way\\a.mpg"_s,
+                             u"C:\\T\\d.mpg"_s,
+                             u"C:\\Films\\link.mpg"_s,
+                             u"C:\\T\\tempsub.d\\b.png"_s,
+                             u"C:\\T\\missing.mpg"_s,
+                             u"C:\\Way\\TempAudioMpg\\e.mp2"_s,
+                             HostFiles::ToDos(dir_.path()) + u"\\T\\a.mpg"_s};
+  const QStringList safe{u""_s, u"C:\\Films\\d.mpg"_s, u"C:\\T\\mine\\c.mpg"_s, u"C:\\T.mpg"_s, u"C:\\T2\\a.mpg"_s};
+  EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger + inDanger, u"C:\\T"_s), inDanger);
+  EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger, u"C:\\FILMS\\..\\t\\"_s), inDanger);
+}
+
+TEST_F(SourceGuardTest, CleaningLeavesSourcesOtherFoldersAndWhatLiesBehindLinks) {
+  Make({u"C:\\T\\Author.xml"_s, u"C:\\T\\film.mpg"_s, u"C:\\T\\.hidden"_s, u"C:\\T\\TempSub.d\\s.png"_s,
+        u"C:\\T\\mine\\keep.txt"_s, u"C:\\Films\\d.mpg"_s});
+  ASSERT_TRUE(HostFiles::RemoveDir(u"C:\\T\\TempAudioMpg"_s));
+  Link(u"Films"_s, u"T/TempAudioMpg"_s);
+  QFile tricky(dir_.path() + u"/T/mine\\keep.txt"_s);
+  ASSERT_TRUE(tricky.open(QIODevice::WriteOnly));
+
+  CleanTempDir(u"C:\\T"_s, SourceGuard({u"c:\\t\\FILM.mpg"_s}));
+  EXPECT_EQ(HostFiles::FileNames(u"C:\\T"_s), (QStringList{u".hidden"_s, u"film.mpg"_s, u"mine\\keep.txt"_s}));
+  EXPECT_EQ(HostFiles::DirNames(u"C:\\T"_s), (QStringList{u"TempAudioMpg"_s, u"mine"_s}));
+  EXPECT_EQ(HostFiles::FileNames(u"C:\\T\\mine"_s), QStringList{u"keep.txt"_s});
+  EXPECT_EQ(HostFiles::FileNames(u"C:\\Films"_s), QStringList{u"d.mpg"_s});
+}
+
+}  // namespace
+}  // namespace torvane
