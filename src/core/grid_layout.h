@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+namespace torvane {
+
+/// The six numbers of the setting `GridLayout`: where a grid of menu elements starts and how far apart they stand,
+/// in pixels.
+struct GridLayoutRecord {
+  int Rows = 0;
+  int Columns = 0;
+  int StartX = 0;
+  int StartY = 0;
+  int DeltaX = 0;
+  int DeltaY = 0;
+  bool operator==(const GridLayoutRecord&) const = default;
+};
+
+/// Reads "R10C1PX100PY100DX300DY64". A number that is missing is 0.
+GridLayoutRecord ParseGridLayout(const QString& text);
+
+QString FormatGridLayout(const GridLayoutRecord& grid);
+
+}  // namespace torvane
