@@ -133,7 +133,7 @@ class Start {
     if (!settings_.AutoDelete || HostFiles::FileNames(settings_.TempDir).isEmpty()) return;
     QStringList lines;
     for (const int message : {376, 377, 378, 379}) lines += GetMessage(message, {{u"|1", settings_.TempDir}});
-    prompter_.Warn(lines.join(u'\n'));
+    prompter_.Warn(lines.join(u"\r\n"_s));
   }
 
   void ChooseTools() {

@@ -1,0 +1,198 @@
+#include "core/settings_defaults.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include "core/messages.h"
+#include "core/program.h"
+#include "core/settings_store.h"
+#include "platform/host_files.h"
+#include "support/recording_prompter.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+/// A program directory, a profile and the drive C of one start, empty at first.
+class LoadSettingsTest : public testing::Test {
+ protected:
+  LoadSettingsTest() {
+    qputenv("TORVANE_DRIVE_C", Host(u"c"_s).toUtf8());
+    for (const QString& dir : {u"app/GifMask"_s, u"c/Films"_s}) QDir(dir_.path()).mkpath(dir);
+  }
+  ~LoadSettingsTest() override {
+    qunsetenv("TORVANE_DRIVE_C");
+    SetLanguage(kEnglish);
+  }
+
+  QString Host(const QString& relative) const { return dir_.path() + u'/' + relative; }
+  QString Dos(const QString& relative) const { return HostFiles::ToDos(Host(relative)); }
+
+  void MakeFile(const QString& dosPath) { ASSERT_TRUE(HostFiles::WriteAtomically(dosPath, "x")); }
+
+  Settings Load(const QList<SettingOverride>& overrides = {}, ViewerCheck viewerCheck = ViewerCheck::Skip) {
+    prompter_.boxes.clear();
+    return LoadSettings({.profileDir = Host(u"profile"_s),
+                         .overrides = overrides,
+                         .appPath = Dos(u"app"_s),
+                         .viewerCheck = viewerCheck},
+                        prompter_);
+  }
+
+  QStringList Told() const {
+    QStringList texts;
+    for (const Box& box : prompter_.boxes) texts += box.text;
+    return texts;
+  }
+
+  QTemporaryDir dir_;
+  test::RecordingPrompter prompter_;
+};
+
+TEST_F(LoadSettingsTest, AFirstStartCompletesTheDefaultsFromTheMachine) {
+  const QString documents = DocumentsDir();
+  Settings expected;
+  expected.AppPath = Dos(u"app"_s);
+  expected.OutDir = documents + u"\\TVNOutDir"_s;
+  expected.TempDir = documents + u"\\TVNOutDir\\Temp"_s;
+  expected.DvdAuthorPath = expected.AppPath;
+  expected.InDir = expected.OwnDir = expected.OwnAudioDir = documents;
+  expected.OwnGifMaskDir = expected.AppPath + u"\\GifMask"_s;
+  expected.ExternalViewer = expected.AppPath + u"\\TVNDSView.exe"_s;
+  expected.ViewerName = u"TVNDSView"_s;
+  expected.TVNLogFile = expected.AppPath + u"\\tvn.log"_s;
+
+  EXPECT_EQ(Load(), expected);
+  EXPECT_TRUE(HostFiles::DirExists(expected.TempDir));
+  EXPECT_EQ(Told(), QStringList());
+}
+
+TEST_F(LoadSettingsTest, OverridesStandAboveTheStoreWhichKeepsItsValues) {
+  const SettingsStore store(Host(u"profile"_s));
+  const SettingTexts stored{{u"RasterX"_s, u"8"_s}, {u"RasterY"_s, u"24"_s}, {u"OutDir"_s, u"C:\\Films\\"_s}};
+  ASSERT_TRUE(store.Write(stored));
+  const Settings settings = Load({{u"RasterX"_s, u"32"_s}, {u"RasterX"_s, u"64"_s}, {u"VideoNormPal"_s, u"0"_s}});
+  EXPECT_EQ(settings.RasterX, 64);
+  EXPECT_EQ(settings.ActiveRasterX, 64);
+  EXPECT_EQ(settings.ActiveRasterY, 24);
+  EXPECT_EQ(settings.VideoHeight, 480);
+  EXPECT_EQ(settings.BackButtonYpos, 450);
+  EXPECT_EQ(settings.OutDir, u"C:\\Films"_s);
+  EXPECT_EQ(*store.Read(), stored);
+}
+
+TEST_F(LoadSettingsTest, PathsOfOverridesMayBeHostPaths) {
+  QDir(dir_.path()).mkpath(u"work/t"_s);
+  MakeFile(Dos(u"work/intro.mpg"_s));
+  const Settings settings = Load({{u"OutDir"_s, Host(u"work"_s)},
+                                  {u"TempDir"_s, Host(u"work/t"_s)},
+                                  {u"IntroMovie"_s, Host(u"work/intro.mpg"_s)},
+                                  {u"UseIntro"_s, u"1"_s},
+                                  {u"ISOPath"_s, u"C:/Films"_s}});
+  EXPECT_EQ(settings.OutDir, Dos(u"work"_s));
+  EXPECT_EQ(settings.TempDir, Dos(u"work/t"_s)) << "TempDir alone switches TempOutDir off";
+  EXPECT_FALSE(settings.TempOutDir);
+  EXPECT_EQ(settings.IntroMovie, Dos(u"work/intro.mpg"_s));
+  EXPECT_TRUE(settings.UseIntro);
+  EXPECT_EQ(settings.ISOPath, u"C:\\Films"_s);
+
+  const Settings both = Load({{u"TempOutDir"_s, u"1"_s}, {u"TempDir"_s, u"C:\\Films"_s}, {u"OutDir"_s, u"C:\\"_s}});
+  EXPECT_EQ(both.TempDir, u"C:\\Temp"_s);
+  EXPECT_EQ(Told(), QStringList());
+}
+
+TEST_F(LoadSettingsTest, AnIntroThatIsMissingIsNotUsed) {
+  EXPECT_FALSE(Load({{u"UseIntro"_s, u"1"_s}}).UseIntro);
+  EXPECT_FALSE(Load({{u"UseIntro"_s, u"1"_s}, {u"IntroMovie"_s, u"C:\\none.mpg"_s}}).UseIntro);
+}
+
+TEST_F(LoadSettingsTest, AMissingDirectoryGivesWayToItsParentAndTheUserIsToldWhereItWasNamed) {
+  const QString appPath = Dos(u"app"_s);
+  const struct {
+    QString wanted;
+    QString taken;
+  } cases[] = {
+      {u"C:\\Films"_s, u"C:\\Films"_s},
+      {u"C:\\Films\\"_s, u"C:\\Films"_s},
+      {u"C:\\Films\\a\\b\\c\\d"_s, u"C:\\Films"_s},
+      {u"C:\\Films\\a\\b\\c\\d\\e"_s, appPath},  // five attempts, and the parent would be the sixth
+      {u"C:\\nothing"_s, appPath + u"\\OutDir"_s},
+      {u"C:\\nothing\\here"_s, appPath + u"\\OutDir"_s},
+  };
+  for (const auto& [wanted, taken] : cases) {
+    EXPECT_EQ(Load({{u"OutDir"_s, wanted}}).OutDir, taken) << wanted.toStdString();
+    const bool replaced = wanted != taken && wanted != taken + u'\\';
+    const QString text =
+        u"OutDir: the directory \"%1\" does not exist, \"%2\" is used instead."_s.arg(wanted, HostFiles::ToHost(taken));
+    EXPECT_EQ(Told(), replaced ? QStringList{text} : QStringList()) << wanted.toStdString();
+  }
+  ASSERT_TRUE(SettingsStore(Host(u"profile"_s)).Write({{u"OutDir"_s, u"C:\\Films\\gone"_s}}));
+  EXPECT_EQ(Load().OutDir, u"C:\\Films"_s);
+  EXPECT_EQ(Told(), QStringList()) << "a stored directory that has gone is no news";
+  EXPECT_EQ(Load({{u"TempOutDir"_s, u"0"_s}}).TempDir, appPath + u"\\Temp"_s);
+}
+
+TEST_F(LoadSettingsTest, FilesThatWouldBeDeletedFromTheTemporaryDirectoryAreTold) {
+  MakeFile(u"C:\\Films\\mine.mpg"_s);
+  EXPECT_EQ(Load({{u"TempDir"_s, u"C:\\Films"_s}}).TempDir, u"C:\\Films"_s);
+  EXPECT_EQ(Told(), QStringList());
+  Load({{u"TempDir"_s, u"C:\\Films"_s}, {u"AutoDelete"_s, u"1"_s}});
+  EXPECT_EQ(Told(), QStringList{u"The temp directory: C:\\Films is not empty, and you have set the\r\n"
+                                u"option to delete files in this temp directory after authoring.\r\n"
+                                u"Please make sure that there are no files you want to keep\r\n"
+                                u"before you run 'Create DVD'!"_s});
+}
+
+TEST_F(LoadSettingsTest, MissingViewersAreToldWhereAsked) {
+  MakeFile(u"C:\\play.er.exe"_s);
+  const QList<SettingOverride> overrides{{u"DVDViewer"_s, u"C:\\play.er.exe"_s},
+                                         {u"ExternalViewer"_s, u"C:\\x\\see.exe"_s}};
+  const Settings settings = Load(overrides, ViewerCheck::Tell);
+  EXPECT_EQ(settings.DVDViewerName, u"play.er"_s);
+  EXPECT_EQ(settings.ViewerName, u"see"_s);
+  EXPECT_EQ(Told(), QStringList{u"ERROR! Video Viewer: C:\\x\\see.exe not found!"_s});
+}
+
+TEST_F(LoadSettingsTest, ModesFontsMasksAndLanguageFollow) {
+  MakeFile(Dos(u"app/GifMask/star.gif"_s));
+  MakeFile(u"C:\\Films\\own.gif"_s);
+  const Settings settings = Load({{u"LangID"_s, u"2000"_s},
+                                  {u"NoMenus"_s, u"1"_s},
+                                  {u"AnimatedMainMenu"_s, u"1"_s},
+                                  {u"AdvancedMode"_s, u"1"_s},
+                                  {u"DefaultFont"_s, u"Times\\10.5\\1\\0\\0\\1"_s},
+                                  {u"TitleFont"_s, u"Courier\\8\\0\\0\\0\\0"_s},
+                                  {u"OwnGifMaskDir"_s, u"C:\\Films\\"_s},
+                                  {u"DefAnimGif"_s, u"1;33,5;-4;5;2;star.gif"_s},
+                                  {u"DefImagGif"_s, u"1;50;0;0;0;own.gif"_s},
+                                  {u"DefBackButtonGif"_s, u"1;50;0;0;0;gone.gif"_s}});
+  EXPECT_EQ(CurrentLanguage(), kGerman);
+  EXPECT_TRUE(settings.GoNextTitle && settings.NoShowTitleSetMenu);
+  EXPECT_FALSE(settings.AnimatedMainMenu || settings.AdvancedMode);
+  const FontRecord times{.Name = u"Times"_s, .Size = 10.5, .Bold = true, .Underline = true};
+  EXPECT_EQ(settings.DefaultFont, times);
+  EXPECT_EQ(settings.ArtistFont, times);
+  EXPECT_EQ(FormatFontString(settings.TitleFont), u"Courier\\8\\0\\0\\0\\0"_s);
+  EXPECT_EQ(FormatMaskString(settings.DefAnimGif), u"1;33.5;-4;5;2;star.gif"_s);
+  EXPECT_EQ(FormatMaskString(settings.DefImagGif), u"1;50;0;0;0;own.gif"_s);
+  EXPECT_EQ(FormatMaskString(settings.DefBackButtonGif), u"0;50;0;0;0;"_s);
+}
+
+TEST_F(LoadSettingsTest, WhatCannotBeWrittenBesideTheProgramGoesToTheUsersData) {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  prompter_.boxes.clear();
+  const Settings settings = LoadSettings({.profileDir = Host(u"profile"_s),
+                                          .overrides = {{u"OutDir"_s, u"C:\\nothing"_s}},
+                                          .appPath = Dos(u"no program here"_s)},
+                                         prompter_);
+  EXPECT_EQ(settings.TVNLogFile, HostFiles::ToDos(data + u"/torvane/tvn.log"_s));
+  EXPECT_EQ(settings.OutDir, HostFiles::ToDos(data + u"/torvane/OutDir"_s));
+}
+
+}  // namespace
+}  // namespace torvane
