@@ -28,7 +28,7 @@ double ParseDecimal(const QByteArray& digits) {
   const char* end = digits.constData() + digits.size();
   const auto [rest, error] = std::from_chars(digits.constData(), end, value, std::chars_format::fixed);
   if (error != std::errc::result_out_of_range) return value;
-  const QByteArray whole = digits.left(digits.indexOf('.'));
+  const QByteArray whole = digits.split('.').first();
   const bool tooSmall = whole.count('0') == whole.size();
   return tooSmall ? 0 : std::numeric_limits<double>::max();
 }
