@@ -54,6 +54,11 @@ class LoadSettingsTest : public testing::Test {
   test::RecordingPrompter prompter_;
 };
 
+TEST(Program, TheDataFilesLieBesideIt) {
+  EXPECT_TRUE(HostFiles::FileExists(ProgramDir() + u"\\default.jpg"_s));
+  EXPECT_TRUE(HostFiles::FileExists(ProgramDir() + u"\\avisynthpic.gif"_s));
+}
+
 TEST_F(LoadSettingsTest, AFirstStartCompletesTheDefaultsFromTheMachine) {
   const QString documents = DocumentsDir();
   Settings expected;
