@@ -1,0 +1,103 @@
+#include "shell/control_file.h"
+
+#include <QStringDecoder>
+
+#include "platform/dos_code_page.h"
+#include "platform/host_files.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+bool IsTag(const LoosePiece& piece, const QString& name) {
+  return (piece.kind == LoosePiece::Kind::OpenTag || piece.kind == LoosePiece::Kind::EmptyTag) && piece.name == name;
+}
+
+QString Decode(const QByteArray& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8);
+  const QString text = decoder.decode(bytes);
+  return decoder.hasError() ? FromDosCodePage(bytes) : text;
+}
+
+void MapAttribute(LooseAttribute& attribute, const PathMapper& map) {
+  const QString path = PathOfValue(attribute.value);
+  if (!path.isEmpty()) attribute.value = EncodeValue(map(path));
+}
+
+void MapFont(LooseAttribute& attribute, const PathMapper& map) {
+  if (HostFiles::HasDrive(attribute.value)) {
+    MapAttribute(attribute, map);
+  } else if (attribute.value.endsWith(u".ttf", Qt::CaseInsensitive)) {
+    attribute.value.chop(4);
+  }
+}
+
+}  // namespace
+
+QString PathOfValue(const QString& value) {
+  const QString decoded = DecodeEntities(value);
+  return decoded != value && HostFiles::FileExists(value) ? value : decoded;
+}
+
+ControlFile::ControlFile(const QByteArray& bytes) {
+  QString text = Decode(bytes);
+  if (text.startsWith(QChar::ByteOrderMark)) text.remove(0, 1);
+  pieces_ = ParseLooseXml(text);
+}
+
+QByteArray ControlFile::ToBytes() const {
+  QList<LoosePiece> pieces = pieces_;
+  for (LoosePiece& piece : pieces) {
+    if (piece.kind == LoosePiece::Kind::Verbatim && piece.text.startsWith(u"<?xml")) {
+      piece.text = u"<?xml version=\"1.0\" encoding=\"utf-8\"?>"_s;
+    }
+  }
+  return ToWellFormed(pieces).toUtf8();
+}
+
+QString ControlFile::StatedVideoFormat() const {
+  for (const LoosePiece& piece : pieces_) {
+    if (!IsTag(piece, u"video"_s)) continue;
+    for (const LooseAttribute& attribute : piece.attributes) {
+      if (attribute.name != u"format") continue;
+      const QString format = attribute.value.trimmed().toUpper();
+      if (format == u"PAL" || format == u"NTSC") return format;
+    }
+  }
+  return {};
+}
+
+QStringList ControlFile::Films() const {
+  QStringList films;
+  for (const LoosePiece& piece : pieces_) {
+    if (!IsTag(piece, u"vob"_s)) continue;
+    for (const LooseAttribute& attribute : piece.attributes) {
+      if (attribute.name == u"file") films << PathOfValue(attribute.value);
+    }
+  }
+  return films;
+}
+
+void ControlFile::MapAuthorPaths(const PathMapper& map) {
+  for (LoosePiece& piece : pieces_) {
+    for (LooseAttribute& attribute : piece.attributes) {
+      const bool isPath = (piece.name == u"dvdauthor" && attribute.name == u"dest") ||
+                          (piece.name == u"vob" && attribute.name == u"file") || attribute.name == u"palette";
+      if (isPath) MapAttribute(attribute, map);
+    }
+  }
+}
+
+void ControlFile::MapSpumuxPaths(const PathMapper& map) {
+  for (LoosePiece& piece : pieces_) {
+    for (LooseAttribute& attribute : piece.attributes) {
+      const bool picture = piece.name == u"spu" && (attribute.name == u"image" || attribute.name == u"highlight" ||
+                                                    attribute.name == u"select");
+      if (picture || (piece.name == u"textsub" && attribute.name == u"filename")) MapAttribute(attribute, map);
+      if (piece.name == u"textsub" && attribute.name == u"font") MapFont(attribute, map);
+    }
+  }
+}
+
+}  // namespace torvane

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+#include "shell/loose_xml.h"
+
+namespace torvane {
+
+/// Turns the DOS path of a control file into the path that the tool is given.
+using PathMapper = std::function<QString(const QString& dosPath)>;
+
+/// A dvdauthor or spumux control file, taken apart so that paths can be put in and the whole written out well-formed.
+class ControlFile {
+ public:
+  /// Reads UTF-8; text that is none is read as DOS code page text.
+  explicit ControlFile(const QByteArray& bytes);
+
+  QList<LoosePiece>& Pieces() { return pieces_; }
+
+  /// The text to hand to a tool, UTF-8.
+  QByteArray ToBytes() const;
+
+  /// "PAL" or "NTSC" as the first video element states; "" when none does.
+  QString StatedVideoFormat() const;
+
+  /// DOS paths of the films, in order.
+  QStringList Films() const;
+
+  /// Maps what dvdauthor opens: `dest`, the file of a `vob`, a `palette`.
+  void MapAuthorPaths(const PathMapper& map);
+
+  /// Maps what spumux opens: `image`, `highlight`, `select` and `force` pictures of a `spu`, and of a `textsub` its
+  /// `filename` and, when it has a drive, its `font`. A font named by its file, such as "arial.ttf", becomes the name
+  /// that the font service of this machine knows, "arial".
+  void MapSpumuxPaths(const PathMapper& map);
+
+ private:
+  QList<LoosePiece> pieces_;
+};
+
+/// The DOS path that an attribute's value means. Control files of this system hold paths as they are, "&" included;
+/// one written by hand may hold entities. The path as it stands wins when there is such a file.
+QString PathOfValue(const QString& value);
+
+}  // namespace torvane
