@@ -1,0 +1,212 @@
+#include "shell/tool_command.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include "platform/host_files.h"
+#include "shell/control_file.h"
+#include "shell/syntax_check.h"
+#include "shell/video_norm.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+/// The named path, also with ".exe" behind it, when a file lies there.
+QString ExistingProgram(const QString& dosPath) {
+  for (const QString& path : {dosPath, dosPath + u".exe"_s}) {
+    if (HostFiles::FileExists(path)) return QFileInfo(HostFiles::ToHost(path)).absoluteFilePath();
+  }
+  return {};
+}
+
+QString StemOf(const QString& dosPath) {
+  QString name = dosPath;
+  name.replace(u'/', u'\\');
+  name = name.sliced(name.lastIndexOf(u'\\') + 1);
+  for (const QString& ending : {u".exe"_s, u".com"_s}) {
+    if (name.endsWith(ending, Qt::CaseInsensitive)) name.chop(ending.size());
+  }
+  return name;
+}
+
+bool IsWindowsProgram(const QString& hostPath) {
+  QFile file(hostPath);
+  return file.open(QIODevice::ReadOnly) && file.read(2) == "MZ";
+}
+
+class CommandMaker {
+ public:
+  CommandMaker(const QList<CommandWord>& words, const QString& input, RunKind kind, PrivateFolder& folder)
+      : words_(words), input_(input), kind_(kind), folder_(folder) {}
+
+  Result<ToolCommand> Run() {
+    const QString named = words_.first().text;
+    command_.name = StemOf(named);
+    tool_ = FindTool(command_.name);
+    if (tool_) command_.name = tool_->stem;
+    const QString existing = ExistingProgram(named);
+    if (const Status found = FindProgram(named, existing); !found) return Failure{found.Error()};
+    command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
+    AddArguments();
+    if (tool_ && tool_->controlFile != ToolEntry::ControlFile::None) {
+      if (const Status copied = UsePrivateCopy(); !copied) return Failure{copied.Error()};
+    }
+    return command_;
+  }
+
+ private:
+  Status FindProgram(const QString& named, const QString& existing) {
+    ProcessStage& stage = command_.stage;
+    if (!existing.isEmpty() && IsWindowsProgram(existing)) {
+      if (const QString wine = QStandardPaths::findExecutable(u"wine"_s); !wine.isEmpty()) {
+        wine_ = true;
+        stage.program = wine;
+        stage.arguments = {u"wine"_s, existing};
+        return {};
+      }
+      if (!tool_) return Failure{u"%1 is a Windows program; install the Debian package wine to run it"_s.arg(named)};
+    }
+    if (tool_) {
+      if (tool_->program.isEmpty()) return Failure{u"%1 is not available on this system"_s.arg(tool_->stem)};
+      stage.program = QStandardPaths::findExecutable(tool_->program);
+      stage.arguments = {tool_->program};
+      if (!stage.program.isEmpty()) return {};
+      return Failure{u"%1 is not installed; install the Debian package %2"_s.arg(tool_->program, tool_->package)};
+    }
+    if (existing.isEmpty()) return Failure{u"%1 is neither a command nor a program that exists"_s.arg(named)};
+    if (!QFileInfo(existing).isExecutable()) return Failure{u"%1 cannot be run on this system"_s.arg(existing)};
+    stage.program = existing;
+    stage.arguments = {existing};
+    return {};
+  }
+
+  /// The path as the program is given it. Wine knows drive Z only.
+  QString Map(const QString& dosPath) {
+    const QString host = HostFiles::ToHost(dosPath);
+    if (wine_) return HostFiles::ToDos(QDir::current().absoluteFilePath(host));
+    return host;
+  }
+
+  /// The same for a path in a control file. There dvdauthor takes a name that ends in "|" for a command.
+  QString MapInside(const QString& dosPath) {
+    const QString mapped = Map(dosPath);
+    if (!mapped.endsWith(u'|')) return mapped;
+    const Result<QString> folder = folder_.Path();
+    if (!folder) return mapped + u'/';
+    const QString link = u"%1/link%2"_s.arg(*folder).arg(++links_);
+    QFile::link(QDir::current().absoluteFilePath(mapped), link);
+    return link;
+  }
+
+  void AddArguments() {
+    static const QRegularExpression kPath(u"[A-Za-z]:[\\\\/]"_s);
+    QString option;
+    for (qsizetype i = 1; i < words_.size(); ++i) {
+      const CommandWord& word = words_[i];
+      QString argument = word.text;
+      if (tool_ && !word.quoted && tool_->dropped.contains(argument) && !wine_) continue;
+      const bool isOption = !word.quoted && argument.startsWith(u'-');
+      const bool plain = tool_ && tool_->plainValue.contains(option);
+      const qsizetype drive = plain ? -1 : argument.indexOf(kPath);
+      if (drive == 0 || (drive > 0 && argument.startsWith(u'-'))) {
+        argument = argument.left(drive) + Map(argument.sliced(drive));
+      } else if (!plain && !isOption && (word.quoted || argument.contains(u'\\'))) {
+        argument = Map(argument);
+      }
+      if (tool_ && !wine_ && IsPattern(option, argument)) argument.replace(u'%', u"%%"_s);
+      if (!isOption && NamesControlFile(option)) {
+        controlFileAt_ = command_.stage.arguments.size();
+        controlFile_ = word.text;
+      }
+      command_.stage.arguments << argument;
+      option = isOption ? word.text : QString();
+    }
+  }
+
+  bool IsPattern(const QString& option, const QString& argument) const {
+    for (const QString& pattern : tool_->patternValue) {
+      if (option == pattern || (argument.startsWith(pattern) && argument.size() > pattern.size())) return true;
+    }
+    return false;
+  }
+
+  /// dvdauthor names its control file behind -x; that of spumux is the argument that belongs to no option.
+  bool NamesControlFile(const QString& optionBefore) const {
+    if (!tool_ || tool_->controlFile == ToolEntry::ControlFile::None) return false;
+    if (tool_->controlFile == ToolEntry::ControlFile::Dvdauthor) return optionBefore == u"-x";
+    return optionBefore != u"-s" && optionBefore != u"-m" && optionBefore != u"-v";
+  }
+
+  Status UsePrivateCopy() {
+    if (controlFileAt_ < 0) return {};
+    const Result<QByteArray> bytes = HostFiles::Read(controlFile_);
+    if (!bytes) return Failure{bytes.Error()};
+    const Result<QString> folder = folder_.Path();
+    if (!folder) return Failure{folder.Error()};
+    ControlFile file(*bytes);
+    const PathMapper map = [this](const QString& path) { return MapInside(path); };
+    QString format = file.StatedVideoFormat();
+    if (tool_->controlFile == ToolEntry::ControlFile::Dvdauthor) {
+      for (const QString& film : format.isEmpty() ? file.Films() : QStringList()) {
+        format = VideoNormOf(HostFiles::ToHost(film));
+        if (!format.isEmpty()) break;
+      }
+      if (kind_ == RunKind::SyntaxCheck) {
+        if (format.isEmpty()) format = u"PAL"_s;
+        if (const Status made = UseStandIns(file, format, *folder); !made) return made;
+      }
+      file.MapAuthorPaths(map);
+    } else {
+      command_.addsSubpictures = true;
+      command_.stage.watched = true;
+      if (format.isEmpty()) format = VideoNormOf(input_);
+      file.MapSpumuxPaths(map);
+    }
+    if (!format.isEmpty()) command_.stage.environment[u"VIDEO_FORMAT"_s] = format;
+    return WriteCopy(*folder, file.ToBytes());
+  }
+
+  Status WriteCopy(const QString& folder, const QByteArray& bytes) {
+    QString name = controlFile_;
+    name.replace(u'\\', u'/');
+    name = name.sliced(name.lastIndexOf(u'/') + 1);
+    QFile copy(folder + u'/' + name);
+    if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) != bytes.size() || !copy.flush()) {
+      return Failure{copy.fileName() + u": "_s + copy.errorString()};
+    }
+    command_.stage.arguments[controlFileAt_] = wine_ ? HostFiles::ToDos(copy.fileName()) : copy.fileName();
+    return {};
+  }
+
+  const QList<CommandWord>& words_;
+  const QString& input_;
+  RunKind kind_;
+  PrivateFolder& folder_;
+  const ToolEntry* tool_ = nullptr;
+  ToolCommand command_;
+  bool wine_ = false;
+  qsizetype controlFileAt_ = -1;  // its place among the arguments
+  QString controlFile_;
+  int links_ = 0;
+};
+
+}  // namespace
+
+Result<QString> PrivateFolder::Path() {
+  if (!folder_) folder_ = std::make_unique<QTemporaryDir>(QDir::tempPath() + u"/torvane-cmd-XXXXXX"_s);
+  if (!folder_->isValid())
+    return Failure{u"no private folder in %1: %2"_s.arg(QDir::tempPath(), folder_->errorString())};
+  return folder_->path();
+}
+
+Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const QString& inputHostPath, RunKind kind,
+                                    PrivateFolder& folder) {
+  return CommandMaker(words, inputHostPath, kind, folder).Run();
+}
+
+}  // namespace torvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QTemporaryDir>
+#include <memory>
+
+#include "platform/result.h"
+#include "shell/command_parser.h"
+#include "shell/process_chain.h"
+#include "shell/tool_table.h"
+
+namespace torvane {
+
+/// A folder for private copies of control files, made when first asked for and removed with its owner. Only the user
+/// can look into it.
+class PrivateFolder {
+ public:
+  /// Host path of the folder; fails when the system's temporary folder takes no more.
+  Result<QString> Path();
+
+ private:
+  std::unique_ptr<QTemporaryDir> folder_;
+};
+
+enum class RunKind { Real, SyntaxCheck };
+
+/// What a command line of an outside program comes to on this machine.
+struct ToolCommand {
+  QString name;  ///< the program's name for messages
+  ProcessStage stage;
+  bool addsSubpictures = false;  ///< a spumux run, which fails when it added none
+};
+
+/// Makes the native command of a batch's words, of which the first names the program.
+///
+/// The stem of the program's name is looked up in the tool table; where a real ".exe" lies at the path named and Wine
+/// is installed, that one is taken. DOS paths in arguments become host paths, also behind an option (`-o"C:\x"`);
+/// options that the program here does not know are dropped; a control file is copied into `folder` with its paths
+/// mapped; with SyntaxCheck dvdauthor gets stand-ins for its films. A program that is not in the table must be an
+/// executable file of this machine.
+///
+/// `inputHostPath` is the file that the command reads on its input, "" for none. Fails with a text for a line of the
+/// console that begins behind "*ERROR: ".
+Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const QString& inputHostPath, RunKind kind,
+                                    PrivateFolder& folder);
+
+}  // namespace torvane
