@@ -172,7 +172,8 @@ bool PassOn(std::vector<Running>& running, QList<ProcessEnd>& ends, int timeoutM
     const QByteArray bytes(buffer.data(), got);
     WriteAll(source.passOnTo, bytes);
     QByteArray& kept = ends[qsizetype(owners[k])].watchedOutput;
-    kept = (kept + bytes).right(kWatchedBytes);
+    kept += bytes;
+    kept = kept.right(kWatchedBytes);
   }
   return any;
 }

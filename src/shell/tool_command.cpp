@@ -18,7 +18,7 @@ namespace {
 
 /// The named path, also with ".exe" behind it, when a file lies there.
 QString ExistingProgram(const QString& dosPath) {
-  for (const QString& path : {dosPath, dosPath + u".exe"_s}) {
+  for (const QString& path : {dosPath, QString(dosPath + u".exe"_s)}) {
     if (HostFiles::FileExists(path)) return QFileInfo(HostFiles::ToHost(path)).absoluteFilePath();
   }
   return {};
