@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 
 TEST(VideoNorm, IsReadFromThePictureHeight) {
-  const auto header = [](int width, int height) {
+  const auto header = [](int width, int height) -> QByteArray {
     return QByteArray("\x00\x00\x01\xBA some pack", 14) + QByteArray("\x00\x00\x01\xB3", 4) + char(width >> 4) +
            char((width & 15) << 4 | height >> 8) + char(height & 255) + "rest";
   };
