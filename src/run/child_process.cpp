@@ -15,8 +15,6 @@
 #include <string>
 #include <vector>
 
-extern char** environ;
-
 namespace torvane {
 namespace {
 
@@ -65,9 +63,11 @@ int Spawn(const ChildCommand& command, int outputEnd, pid_t& id) {
   posix_spawnattr_setpgroup(&plan.attributes, 0);
   posix_spawnattr_setflags(&plan.attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
-  std::vector<std::string> words{QFile::encodeName(command.program).toStdString()};
-  for (const QString& argument : command.arguments) words.push_back(QFile::encodeName(argument).toStdString());
+  std::vector<std::string> words;
+  const QStringList texts = QStringList{command.program} + command.arguments;
+  for (const QString& text : texts) words.push_back(QFile::encodeName(text).toStdString());
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   return posix_spawn(&id, argv[0], &plan.actions, &plan.attributes, argv.data(), environ);

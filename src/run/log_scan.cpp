@@ -47,7 +47,7 @@ RunMark MarkStackdump(const QString& text, qsizetype hit) {
 
 }  // namespace
 
-LogScan::LogScan(int engine, QString runMode, QString tempDir)
+LogScan::LogScan(int engine, QString runMode, const QString& tempDir)
     : engine_(engine), runMode_(std::move(runMode)), stackdumpFile_(tempDir + u"\\spumux.exe.stackdump"_s) {}
 
 std::vector<RunMark> LogScan::ScanConsoleOutput(Transcript& transcript) {

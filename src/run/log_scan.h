@@ -19,7 +19,7 @@ class LogScan {
  public:
   /// `engine` 0 is dvdauthor, 1 is MuxMan. `runMode` "0" is a real run, in which all words count; with "1", a syntax
   /// check, only a parse error does among what dvdauthor prints. `tempDir` is a DOS path.
-  LogScan(int engine, QString runMode, QString tempDir);
+  LogScan(int engine, QString runMode, const QString& tempDir);
 
   /// Marks of the first hit of each error word in what was shown since the last call; empty when there is none.
   /// The last character of the text looked at before is looked at again, so that a word behind a line end is found
