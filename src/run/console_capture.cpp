@@ -1,15 +1,13 @@
 #include "run/console_capture.h"
 
 #include <QCoreApplication>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStandardPaths>
 #include <QThread>
 #include <algorithm>
 #include <csignal>
 #include <utility>
 
 #include "platform/host_files.h"
+#include "run/command_line.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,24 +21,6 @@ constexpr int kForceAfterMs = 3000;
 
 ConsoleEnd NotRun(std::uint32_t number, const QString& text, const QString& detail = {}) {
   return {.kind = ConsoleEnd::Kind::NotRun, .code = 0, .error = {number, u"ConsoleCapture"_s, text, detail}};
-}
-
-/// The program and arguments for a command line. What stands behind "/k" or "/c" stays one argument, since the
-/// console reads it as a command line of its own.
-ChildCommand ParseCommandLine(const QString& commandLine, const QString& consoleProgram) {
-  static const QRegularExpression shell(
-      uR"(^\s*cmd(?:\.exe)?(?:\s+(/[kc])\s+(.*))?\s*$)"_s,
-      QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-  const QRegularExpressionMatch match = shell.match(commandLine);
-  if (match.hasMatch()) {
-    return {
-        consoleProgram, match.hasCaptured(1) ? QStringList{match.captured(1), match.captured(2)} : QStringList{}, {}};
-  }
-  QStringList words = QProcess::splitCommand(commandLine);
-  const QString program = words.isEmpty() ? QString() : words.takeFirst();
-  const bool isPath = program.contains(u'\\') || program.contains(u'/') || HostFiles::HasDrive(program);
-  const QString found = isPath ? HostFiles::ToHost(program) : QStandardPaths::findExecutable(program);
-  return {found.isEmpty() ? program : found, words, {}};
 }
 
 }  // namespace
