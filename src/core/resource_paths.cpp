@@ -70,16 +70,20 @@ std::optional<Search> FindRule(const ProjectNode& node, const Settings& settings
   return std::nullopt;
 }
 
+/// The path in a tag or caption: from the drive letter on; "" when there is none.
+QString PathIn(const QString& text) {
+  const qsizetype drive = text.indexOf(u":\\");
+  return drive < 0 ? QString() : text.mid(std::max<qsizetype>(drive - 1, 0));
+}
+
 class Fixer {
  public:
   Fixer(Project& project, QString projectDir) : project_(project), projectDir_(std::move(projectDir)) {}
 
   /// `text` is the node's tag or caption.
   void Fix(const QString& key, const QString& text) {
-    const qsizetype drive = text.indexOf(u":\\");
-    if (drive < 0) return;
-    const QString path = text.mid(std::max<qsizetype>(drive - 1, 0));
-    if (HostFiles::FileExists(path)) return;
+    const QString path = PathIn(text);
+    if (path.isEmpty() || HostFiles::FileExists(path)) return;
 
     const ProjectNode& node = *project_.Tree.Find(key);
     const QString name = path.mid(path.lastIndexOf(u'\\'));
@@ -113,6 +117,16 @@ QStringList FixResourcePaths(Project& project, const QString& projectDir) {
     fixer.Fix(node->Key(), node->Caption());
   }
   return fixer.Missing();
+}
+
+QStringList ResourcePaths(const Project& project) {
+  QStringList paths;
+  for (const ProjectNode* node = project.Tree.NextInOrder(nullptr); node; node = project.Tree.NextInOrder(node)) {
+    paths << PathIn(node->Tag()) << PathIn(node->Caption());
+  }
+  paths.removeAll(QString());
+  paths.removeDuplicates();
+  return paths;
 }
 
 }  // namespace torvane

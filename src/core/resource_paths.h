@@ -12,4 +12,7 @@ namespace torvane {
 /// found nowhere, each once, in tree order.
 QStringList FixResourcePaths(Project& project, const QString& projectDir);
 
+/// The paths that captions and tags name, each once, in tree order; whether they exist or not.
+QStringList ResourcePaths(const Project& project);
+
 }  // namespace torvane

@@ -1,0 +1,171 @@
+#include "cli/commands.h"
+
+#include <optional>
+
+#include "cli/cli_prompter.h"
+#include "cli/console_view.h"
+#include "cli/tree_text.h"
+#include "compilers/disc_checks.h"
+#include "compilers/pipeline.h"
+#include "core/default_project.h"
+#include "core/messages.h"
+#include "core/program.h"
+#include "core/project_file.h"
+#include "core/settings_defaults.h"
+#include "platform/host_files.h"
+#include "render/compositor.h"
+#include "run/batch_run.h"
+#include "run/console_capture.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+/// One command at work: the settings in force and how the user is told.
+class Session {
+ public:
+  Session(const CommandLine& line, const Settings& settings, Prompter& prompter)
+      : line_(line), prompter_(prompter), project_(settings) {}
+
+  int Run() {
+    if (line_.command == u"new") return New();
+    if (line_.command == u"run") return RunBatches({.BatchList = line_.arguments});
+    if (!LoadProject(project_, HostFiles::FromUser(line_.arguments.front()), prompter_)) return kExitFailed;
+    if (line_.command == u"tree") return Tree();
+    if (line_.command == u"save") return Save(line_.arguments.back());
+    if (line_.command == u"compile") return Compile();
+    if (line_.command == u"build") return Build();
+    if (line_.command == u"check") return Check();
+    return Compose();
+  }
+
+ private:
+  int New() {
+    AddDefaultProject(project_);
+    return Save(line_.arguments.front());
+  }
+
+  int Save(const QString& name) {
+    project_.ProjectFile = WithProjectExtension(HostFiles::FromUser(name));
+    return SaveProject(project_, prompter_) ? kExitDone : kExitFailed;
+  }
+
+  int Tree() {
+    PrintOut(TreeText(project_.Tree));
+    return kExitDone;
+  }
+
+  int Compile() {
+    CreateDvdPipeline pipeline(project_, prompter_);
+    if (!IsReady(pipeline.PrepareCreateBatch())) return kExitFailed;
+    const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::WriteOnly);
+    if (!plan) return kExitFailed;
+    PrintOut(plan->BatchList.join(u'\n') + u'\n');
+    return kExitDone;
+  }
+
+  int Build() {
+    CreateDvdPipeline pipeline(project_, prompter_);
+    if (!IsReady(pipeline.PrepareCreateDvd())) return kExitFailed;
+    const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::Run);
+    return plan ? RunBatches(*plan) : kExitFailed;
+  }
+
+  int Check() {
+    const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck();
+    return plan ? RunBatches(*plan) : kExitFailed;
+  }
+
+  int Compose();
+
+  bool IsReady(Readiness readiness) {
+    if (readiness == Readiness::NothingToDo) {
+      PrintError(u"torvane-cli: the main menu has no button, so there is nothing to make\n"_s);
+    }
+    return readiness == Readiness::Ready;
+  }
+
+  int RunBatches(const RunPlan& plan) {
+    const Settings& settings = project_.Settings;
+    for (const QString& batch : plan.BatchList) {
+      const QString path = settings.TempDir + u'\\' + batch;
+      if (HostFiles::FileExists(path)) continue;
+      prompter_.Fail(u"There is no batch file "_s + path);
+      return kExitFailed;
+    }
+    RunRequest request{.BatchList = plan.BatchList,
+                       .RunMode = plan.RunMode,
+                       .Engine = settings.Engine,
+                       .TempDir = settings.TempDir,
+                       .OutDir = settings.OutDir,
+                       .AutoDelete = settings.AutoDelete,
+                       .KeepLogFile = settings.KeepLogFile,
+                       .TVNLogFile = settings.TVNLogFile,
+                       .LogText = plan.LogText,
+                       .UseImgBurn = settings.UseImgBurn,
+                       .protectedFiles = ProjectFiles(project_)};
+    ConsoleCapture console;
+    ConsoleView view;
+    BatchRun run(std::move(request), console, view);
+    view.Follow(run);
+    return run.RunToEnd() == RunOutcome::Finished ? kExitDone : kExitFailed;
+  }
+
+  const CommandLine& line_;
+  Prompter& prompter_;
+  Project project_;
+};
+
+int Session::Compose() {
+  const QString& key = line_.arguments.back();
+  const ComposedMenu composed = ComposeMenu(project_, key, static_cast<ComposeMode>(line_.mode));
+  return composed.ButtonsValid ? kExitDone : kExitFailed;
+}
+
+/// The settings given for this run: those of the file, then those of the command line.
+Result<QList<SettingOverride>> Overrides(const CommandLine& line) {
+  QList<SettingOverride> overrides;
+  if (!line.settingsFile.isEmpty()) {
+    const Result<QByteArray> file = HostFiles::Read(HostFiles::FromUser(line.settingsFile));
+    if (!file) return Failure{file.Error()};
+    const Result<QList<SettingOverride>> settings = ParseSettingsFile(*file, line.settingsFile);
+    if (!settings) return Failure{settings.Error()};
+    overrides = *settings;
+  }
+  overrides += line.overrides;
+  if (line.language != 0) overrides << SettingOverride{u"LangID"_s, QString::number(line.language)};
+  return overrides;
+}
+
+int FailUsage(const QString& reason) {
+  PrintError(u"torvane-cli: "_s + reason + u"\nTry: torvane-cli --help\n"_s);
+  return kExitUsage;
+}
+
+}  // namespace
+
+int RunCommand(const CommandLine& line) {
+  const Result<QList<SettingOverride>> overrides = Overrides(line);
+  if (!overrides) return FailUsage(overrides.Error());
+  CliPrompter prompter(line.answers);
+  const Settings settings =
+      LoadSettings({.profileDir = line.profileDir, .overrides = *overrides, .appPath = ProgramDir()}, prompter);
+  return Session(line, settings, prompter).Run();
+}
+
+int RunCli(const QStringList& arguments) {
+  const Result<CommandLine> line = ParseCommandLine(arguments);
+  if (!line) return FailUsage(line.Error());
+  if (line->wantsHelp) {
+    PrintOut(HelpText(line->command));
+    return kExitDone;
+  }
+  if (line->wantsVersion) {
+    PrintOut(u"torvane-cli "_s + ProgramVersion + u'\n');
+    return kExitDone;
+  }
+  return RunCommand(*line);
+}
+
+}  // namespace torvane

@@ -1,0 +1,30 @@
+#include "cli/console_view.h"
+
+#include "cli/cli_prompter.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+
+void ConsoleView::TextAppended(const QString& text) { PrintOut(text); }
+
+void ConsoleView::StepStarted(qsizetype index, qsizetype count, const QString& batch) {
+  step_ = u"step %1 of %2: "_s.arg(index + 1).arg(count) + batch;
+  PrintError(step_ + u'\n');
+}
+
+void ConsoleView::StepEnded(qsizetype /*index*/, double seconds) {
+  PrintError(step_ + u", " + QString::number(seconds, 'f', 1) + u" s\n");
+}
+
+void ConsoleView::Finished(RunOutcome outcome) {
+  PrintError(outcome == RunOutcome::Finished ? u"finished\n"_s
+             : outcome == RunOutcome::Failed ? u"failed: the console text above says why\n"_s
+                                             : u"aborted\n"_s);
+}
+
+void ConsoleView::Pump() {
+  if (run_) interrupts_.ApplyTo(*run_);
+}
+
+}  // namespace torvane

@@ -1,0 +1,144 @@
+#include "compilers/pipeline.h"
+
+#include "compilers/author_xml.h"
+#include "compilers/disc_checks.h"
+#include "compilers/video_batch.h"
+#include "core/film_view.h"
+#include "core/messages.h"
+#include "platform/host_files.h"
+#include "render/compositor.h"
+#include "render/menu_encoding.h"
+#include "run/source_guard.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+
+bool CreateDvdPipeline::HasButtons() const {
+  const ProjectNode* buttons = project_.Tree.Find(MenuNodeKey(MainMenuKey(), menu_node::Buttons));
+  return buttons && buttons->ChildCount() > 0;
+}
+
+bool CreateDvdPipeline::IsSupported() {
+  const Settings& settings = project_.Settings;
+  QString reason;
+  if (settings.Engine != 0) {
+    reason = u"Projects for MuxMan cannot be authored yet. Please choose dvdauthor as authoring engine."_s;
+  } else if (!settings.NoTitleSets) {
+    reason = u"Projects with a titleset for each film cannot be authored yet. Please switch titlesets off."_s;
+  } else if (settings.NeroBurn) {
+    reason = u"Discs cannot be burnt yet. Please switch burning off and create an ISO image."_s;
+  }
+  for (int i = 1; i <= project_.FilmCount && reason.isEmpty(); ++i) {
+    if (!FilmView(project_.Tree, i).IsAudioTitleSet()) continue;
+    reason = u"Film %1 is an audio titleset; these cannot be authored yet."_s.arg(i);
+  }
+  if (reason.isEmpty()) return true;
+  prompter_.Fail(reason);
+  return false;
+}
+
+Readiness CreateDvdPipeline::PrepareCreateDvd() {
+  if (!HasButtons()) return Readiness::NothingToDo;
+  const Settings& settings = project_.Settings;
+  const bool ready = IsSupported() && CheckIntro(project_, prompter_) &&
+                     (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
+                     CheckTemporaryNames(project_, prompter_) && CheckSourcesSafe(project_, prompter_) &&
+                     ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) && ClearOldIso(project_, prompter_) &&
+                     CheckFreeSpace(project_, prompter_);
+  return ready ? Readiness::Ready : Readiness::Refused;
+}
+
+Readiness CreateDvdPipeline::PrepareCreateBatch() {
+  if (!HasButtons()) return Readiness::NothingToDo;
+  const bool ready = IsSupported() && CheckIntro(project_, prompter_) &&
+                     (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
+                     ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
+  return ready ? Readiness::Ready : Readiness::Refused;
+}
+
+std::optional<RunPlan> CreateDvdPipeline::BuildProject(BatchUse use) {
+  const Settings& settings = project_.Settings;
+  batchList_.clear();
+  // Without titlesets a project without menus needs no menu video, one with menus needs the empty one.
+  const bool written = WriteVideoFiles() && (settings.NoMenus || (CompileMenus() && WriteEmptyMenu())) &&
+                       WriteTemp(u"Author.xml"_s, WriteAuthorXmlSingle(project_, AuthorMode::Run)) &&
+                       AddBatch(kAuthorBatch, AuthorBatch(settings)) && WriteIsoBatch(use);
+  if (!written) return std::nullopt;
+
+  if (use == BatchUse::WriteOnly) {
+    if (!WriteTemp(kMainBatch.toString(), MainBatch(batchList_))) return std::nullopt;
+    prompter_.Inform(GetMessage(117));
+  } else if (!AddBatch(kEndBatch, EndBatch())) {
+    return std::nullopt;
+  }
+  return RunPlan{.BatchList = batchList_, .LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString()};
+}
+
+std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
+  if (project_.Settings.Engine != 0) {
+    prompter_.Fail(GetMessage(53));
+    return std::nullopt;
+  }
+  if (!IsSupported()) return std::nullopt;
+  batchList_.clear();
+  const bool written = WriteTemp(u"Author.xml"_s, WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck)) &&
+                       AddBatch(kSyntaxBatch, SyntaxBatch(project_.Settings));
+  if (!written) return std::nullopt;
+  return RunPlan{.BatchList = batchList_,
+                 .RunMode = u"1"_s,
+                 .LogText = project_.Settings.KeepLogFile ? AuthorLogText(project_) : QString()};
+}
+
+bool CreateDvdPipeline::WriteVideoFiles() {
+  const VideoBatch video = WriteVideoBatch(project_);
+  for (const GeneratedFile& file : video.controlFiles) {
+    if (!WriteFile(file.path, file.content)) return false;
+  }
+  return AddBatch(kVideoBatch, video.batch);
+}
+
+bool CreateDvdPipeline::CompileMenus() {
+  if (!CompileMainMenu(MainMenuKey())) return false;
+  for (const MenuSlot& slot : project_.MainSubMenuTable) {
+    if (slot.Used && !CompileMainMenu(slot.MenuKey)) return false;
+  }
+  return true;
+}
+
+bool CreateDvdPipeline::CompileMainMenu(const QString& key) {
+  const Settings& settings = project_.Settings;
+  const ComposedMenu composed = ComposeMenu(project_, key, ComposeMode::Compile);
+  for (const QString& error : composed.errors) prompter_.Warn(error);
+  if (!composed.ButtonsValid) {
+    const QString name = MenuView(project_.Tree, key).Name();
+    prompter_.Fail(GetMessage(155) + u"\r\n" + name + u" (" + key + u")");
+    if (settings.AutoDelete) CleanTempDir(settings.TempDir, SourceGuard(ProjectFiles(project_)));
+    return false;
+  }
+  return true;
+}
+
+bool CreateDvdPipeline::WriteEmptyMenu() { return true; }
+
+bool CreateDvdPipeline::WriteIsoBatch(BatchUse use) {
+  const Settings& settings = project_.Settings;
+  return !settings.CreateISO || AddBatch(kIsoBatch, IsoBatch(settings, IsoFile(settings), use));
+}
+
+bool CreateDvdPipeline::AddBatch(QStringView name, const QByteArray& text) {
+  batchList_ << name.toString();
+  return WriteTemp(name.toString(), text);
+}
+
+bool CreateDvdPipeline::WriteTemp(const QString& name, const QByteArray& content) {
+  return WriteFile(project_.Settings.TempDir + u'\\' + name, content);
+}
+
+bool CreateDvdPipeline::WriteFile(const QString& path, const QByteArray& content) {
+  const Status written = HostFiles::WriteAtomically(path, content);
+  if (!written) prompter_.Fail(written.Error());
+  return bool(written);
+}
+
+}  // namespace torvane
