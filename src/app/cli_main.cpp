@@ -3,9 +3,20 @@
 #include "cli/commands.h"
 #include "platform/utf8_locale.h"
 
+namespace {
+
+/// Passes Qt's own messages on, but for its remark on a missing runtime directory: nothing here needs one.
+void PrintQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (text.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR")) return;
+  std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   torvane::EnsureUtf8Locale();
   qputenv("QT_QPA_PLATFORM", "offscreen");  // pictures are drawn without a display
+  qInstallMessageHandler(PrintQtMessage);
   const QGuiApplication application(argc, argv);
   return torvane::RunCli(QGuiApplication::arguments().sliced(1));
 }

@@ -6,14 +6,13 @@
 #include "cli/console_view.h"
 #include "cli/tree_text.h"
 #include "compilers/disc_checks.h"
+#include "compilers/menu_files.h"
 #include "compilers/pipeline.h"
 #include "core/default_project.h"
-#include "core/messages.h"
 #include "core/program.h"
 #include "core/project_file.h"
 #include "core/settings_defaults.h"
 #include "platform/host_files.h"
-#include "render/compositor.h"
 #include "run/batch_run.h"
 #include "run/console_capture.h"
 
@@ -119,8 +118,23 @@ class Session {
 
 int Session::Compose() {
   const QString& key = line_.arguments.back();
-  const ComposedMenu composed = ComposeMenu(project_, key, static_cast<ComposeMode>(line_.mode));
-  return composed.ButtonsValid ? kExitDone : kExitFailed;
+  const QString dir = HostFiles::FromUser(line_.outputDir);
+  project_.Settings.TempDir = dir;  // the control file names its pictures where they are written
+  const MenuView menu(project_.Tree, key);
+  const Result<ComposedMenu> composed = ComposeMenu(menu, project_.Settings, static_cast<ComposeMode>(line_.mode));
+  if (!composed) {
+    prompter_.Fail(composed.Error());
+    return kExitFailed;
+  }
+  for (const QString& error : composed->Errors) prompter_.Warn(error);
+  if (!HostFiles::MakeDir(dir)) {
+    prompter_.Fail(u"The directory cannot be made: "_s + dir);
+    return kExitFailed;
+  }
+  const Status written = WriteMenuFiles(*composed, dir);
+  if (!written) prompter_.Fail(written.Error());
+  if (!composed->ButtonsValid) prompter_.Fail(ButtonRulesText(menu));
+  return written && composed->ButtonsValid ? kExitDone : kExitFailed;
 }
 
 /// The settings given for this run: those of the file, then those of the command line.

@@ -197,13 +197,28 @@ bool CheckFreeSpace(const Project& project, Prompter& prompter) {
 }
 
 bool CheckSourcesSafe(const Project& project, Prompter& prompter) {
-  if (!project.Settings.AutoDelete) return true;
-  const QStringList inside = CheckSourcesOutsideTemp(ProjectFiles(project), project.Settings.TempDir);
-  if (inside.isEmpty()) return true;
-  prompter.Fail(u"These files of the project lie in the temporary directory "_s + project.Settings.TempDir +
-                u", which is emptied after authoring. Please move them elsewhere or choose another temporary "
-                u"directory:\r\n" +
-                inside.join(u"\r\n"));
+  const Settings& settings = project.Settings;
+  const QStringList files = ProjectFiles(project);
+  QStringList findings;
+  const QStringList inTemp = settings.AutoDelete ? CheckSourcesOutsideTemp(files, settings.TempDir) : QStringList();
+  if (!inTemp.isEmpty()) {
+    findings << u"These files of the project lie in the temporary directory "_s + settings.TempDir +
+                    u", which is emptied after authoring. Please move them elsewhere or choose another temporary "
+                    u"directory:";
+    findings += inTemp;
+  }
+  const QString discDir = HostFiles::ToHost(VideoTsDir(settings)) + u'/';
+  QStringList inDisc;
+  for (const QString& file : files) {
+    if (HostFiles::ToHost(file).startsWith(discDir) && HostFiles::FileExists(file)) inDisc << file;
+  }
+  if (!inDisc.isEmpty()) {
+    findings << u"These files of the project lie in the folder of the disc that is to be replaced. Please move them "
+                u"elsewhere or choose another output directory:"_s;
+    findings += inDisc;
+  }
+  if (findings.isEmpty()) return true;
+  prompter.Fail(findings.join(u"\r\n"));
   return false;
 }
 

@@ -32,8 +32,8 @@ bool ClearOldIso(const Project& project, Prompter& prompter);
 /// Asks to go on for each drive that has not enough free space.
 bool CheckFreeSpace(const Project& project, Prompter& prompter);
 
-/// No source of the project lies where the run erases temporary files by wildcard. Nothing is asked: such a run is
-/// refused, with the names.
+/// No source of the project lies where the run erases temporary files by wildcard, or in the folder of the old disc.
+/// Nothing is asked: such a run is refused, with the names.
 bool CheckSourcesSafe(const Project& project, Prompter& prompter);
 
 /// No two films share the name of their temporary files, and none of these files is a source of the project.

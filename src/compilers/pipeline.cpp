@@ -2,11 +2,11 @@
 
 #include "compilers/author_xml.h"
 #include "compilers/disc_checks.h"
+#include "compilers/menu_files.h"
 #include "compilers/video_batch.h"
 #include "core/film_view.h"
 #include "core/messages.h"
 #include "platform/host_files.h"
-#include "render/compositor.h"
 #include "render/menu_encoding.h"
 #include "run/source_guard.h"
 
@@ -63,13 +63,13 @@ std::optional<RunPlan> CreateDvdPipeline::BuildProject(BatchUse use) {
   // Without titlesets a project without menus needs no menu video, one with menus needs the empty one.
   const bool written = WriteVideoFiles() && (settings.NoMenus || (CompileMenus() && WriteEmptyMenu())) &&
                        WriteTemp(u"Author.xml"_s, WriteAuthorXmlSingle(project_, AuthorMode::Run)) &&
-                       AddBatch(kAuthorBatch, AuthorBatch(settings)) && WriteIsoBatch(use);
+                       AddBatch(kAuthorBatch.toString(), AuthorBatch(settings)) && WriteIsoBatch(use);
   if (!written) return std::nullopt;
 
   if (use == BatchUse::WriteOnly) {
     if (!WriteTemp(kMainBatch.toString(), MainBatch(batchList_))) return std::nullopt;
     prompter_.Inform(GetMessage(117));
-  } else if (!AddBatch(kEndBatch, EndBatch())) {
+  } else if (!AddBatch(kEndBatch.toString(), EndBatch())) {
     return std::nullopt;
   }
   return RunPlan{.BatchList = batchList_, .LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString()};
@@ -83,7 +83,7 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
   if (!IsSupported()) return std::nullopt;
   batchList_.clear();
   const bool written = WriteTemp(u"Author.xml"_s, WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck)) &&
-                       AddBatch(kSyntaxBatch, SyntaxBatch(project_.Settings));
+                       AddBatch(kSyntaxBatch.toString(), SyntaxBatch(project_.Settings));
   if (!written) return std::nullopt;
   return RunPlan{.BatchList = batchList_,
                  .RunMode = u"1"_s,
@@ -93,9 +93,9 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
 bool CreateDvdPipeline::WriteVideoFiles() {
   const VideoBatch video = WriteVideoBatch(project_);
   for (const GeneratedFile& file : video.controlFiles) {
-    if (!WriteFile(file.path, file.content)) return false;
+    if (!Succeeded(HostFiles::WriteAtomically(file.path, file.content))) return false;
   }
-  return AddBatch(kVideoBatch, video.batch);
+  return AddBatch(kVideoBatch.toString(), video.batch);
 }
 
 bool CreateDvdPipeline::CompileMenus() {
@@ -108,37 +108,51 @@ bool CreateDvdPipeline::CompileMenus() {
 
 bool CreateDvdPipeline::CompileMainMenu(const QString& key) {
   const Settings& settings = project_.Settings;
-  const ComposedMenu composed = ComposeMenu(project_, key, ComposeMode::Compile);
-  for (const QString& error : composed.errors) prompter_.Warn(error);
-  if (!composed.ButtonsValid) {
-    const QString name = MenuView(project_.Tree, key).Name();
-    prompter_.Fail(GetMessage(155) + u"\r\n" + name + u" (" + key + u")");
+  const MenuView menu(project_.Tree, key);
+  const Result<ComposedMenu> composed = ComposeMenu(menu, settings, ComposeMode::Compile);
+  if (!composed) {
+    prompter_.Fail(composed.Error());
+    return false;
+  }
+  for (const QString& error : composed->Errors) prompter_.Warn(error);
+  if (!composed->ButtonsValid) {
+    prompter_.Fail(ButtonRulesText(menu));
     if (settings.AutoDelete) CleanTempDir(settings.TempDir, SourceGuard(ProjectFiles(project_)));
     return false;
   }
-  return true;
+  return Succeeded(WriteMenuFiles(*composed, settings.TempDir)) &&
+         AddBatch(key + u"Brun1.bat", StillMenuBatch1(menu, settings)) &&
+         AddBatch(key + u"Brun2.bat", StillMenuBatch2(menu, settings));
 }
 
-bool CreateDvdPipeline::WriteEmptyMenu() { return true; }
+bool CreateDvdPipeline::WriteEmptyMenu() {
+  const Settings& settings = project_.Settings;
+  const QString name = u"EmptyBackg.jpg"_s;
+  const Result<QByteArray> picture = EncodePicture(EmptyMenuPicture(settings), name);
+  if (!picture) {
+    prompter_.Fail(picture.Error());
+    return false;
+  }
+  return WriteTemp(name, *picture) && AddBatch(kEmptyMenuBatch.toString(), EmptyMenuBatch(settings));
+}
 
 bool CreateDvdPipeline::WriteIsoBatch(BatchUse use) {
   const Settings& settings = project_.Settings;
-  return !settings.CreateISO || AddBatch(kIsoBatch, IsoBatch(settings, IsoFile(settings), use));
+  return !settings.CreateISO || AddBatch(kIsoBatch.toString(), IsoBatch(settings, IsoFile(settings), use));
 }
 
-bool CreateDvdPipeline::AddBatch(QStringView name, const QByteArray& text) {
-  batchList_ << name.toString();
-  return WriteTemp(name.toString(), text);
+bool CreateDvdPipeline::AddBatch(const QString& name, const QByteArray& text) {
+  batchList_ << name;
+  return WriteTemp(name, text);
 }
 
 bool CreateDvdPipeline::WriteTemp(const QString& name, const QByteArray& content) {
-  return WriteFile(project_.Settings.TempDir + u'\\' + name, content);
+  return Succeeded(HostFiles::WriteAtomically(project_.Settings.TempDir + u'\\' + name, content));
 }
 
-bool CreateDvdPipeline::WriteFile(const QString& path, const QByteArray& content) {
-  const Status written = HostFiles::WriteAtomically(path, content);
-  if (!written) prompter_.Fail(written.Error());
-  return bool(written);
+bool CreateDvdPipeline::Succeeded(const Status& status) {
+  if (!status) prompter_.Fail(status.Error());
+  return bool(status);
 }
 
 }  // namespace torvane

@@ -7,6 +7,7 @@
 #include "compilers/run_batches.h"
 #include "core/project.h"
 #include "core/prompter.h"
+#include "platform/result.h"
 
 namespace torvane {
 
@@ -52,9 +53,9 @@ class CreateDvdPipeline {
   bool CompileMainMenu(const QString& key);
   bool WriteEmptyMenu();
   bool WriteIsoBatch(BatchUse use);
-  bool AddBatch(QStringView name, const QByteArray& text);
+  bool AddBatch(const QString& name, const QByteArray& text);
   bool WriteTemp(const QString& name, const QByteArray& content);
-  bool WriteFile(const QString& path, const QByteArray& content);
+  bool Succeeded(const Status& status);
 
   const Project& project_;
   Prompter& prompter_;

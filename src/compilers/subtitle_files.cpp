@@ -1,5 +1,6 @@
 #include "compilers/subtitle_files.h"
 
+#include <QStringList>
 #include <array>
 
 #include "core/line_text.h"

@@ -2,7 +2,7 @@
 
 #include <langinfo.h>
 
-#include <QtEnvironmentVariables>
+#include <QByteArray>
 #include <clocale>
 #include <cstring>
 

@@ -1,0 +1,22 @@
+#include "compilers/menu_files.h"
+
+#include "core/messages.h"
+#include "platform/host_files.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+
+Status WriteMenuFiles(const ComposedMenu& menu, const QString& dir) {
+  Status written = WriteMenuPictures(menu.Pictures, menu.MenuKey, dir);
+  for (const auto& [name, text] : {std::pair(u"Spu.xml"_s, menu.SpuXml), std::pair(u"SpuL.xml"_s, menu.SpuLXml)}) {
+    if (written && !text.isEmpty()) written = HostFiles::WriteAtomically(dir + u'\\' + menu.MenuKey + name, text);
+  }
+  return written;
+}
+
+QString ButtonRulesText(const MenuView& menu) {
+  return GetMessage(155) + u"\r\n" + menu.Name() + u" (" + menu.Key() + u')';
+}
+
+}  // namespace torvane
