@@ -1,0 +1,158 @@
+#include "compilers/disc_checks.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "platform/host_files.h"
+#include "support/project_builder.h"
+#include "support/recording_prompter.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+class DiscChecksTest : public testing::Test {
+ protected:
+  DiscChecksTest() : project_(test::FixedSettings()) {
+    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
+    for (const QString& name : {u"O/DVD/VIDEO_TS/sub"_s, u"O/DVD/AUDIO_TS"_s, u"T"_s, u"iso"_s, u"v"_s}) {
+      QDir(dir_.path()).mkpath(name);
+    }
+    test::BuildTwoFilms(project_);
+    project_.ProjectFile = u"C:\\x.tvn"_s;
+  }
+  ~DiscChecksTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+
+  static void Touch(const QString& path) { ASSERT_TRUE(HostFiles::WriteAtomically(path, "x")); }
+  static bool Exists(const QString& path) { return HostFiles::FileExists(path) || HostFiles::DirExists(path); }
+
+  QTemporaryDir dir_;
+  Project project_;
+};
+
+TEST_F(DiscChecksTest, AnOldDiscGoesOnlyWhenTheUserAgrees) {
+  Touch(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s);
+  Touch(u"C:\\O\\DVD\\VIDEO_TS\\sub\\x"_s);
+  test::RecordingPrompter refuses({Answer::Cancel});
+  EXPECT_FALSE(ClearVideoTs(project_, OldDisc::RemoveTree, refuses));
+  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
+  EXPECT_EQ(refuses.boxes,
+            (std::vector<Box>{{.kind = BoxKind::Question,
+                               .buttons = BoxButtons::OkCancel,
+                               .text = u"The VIDEO_TS folder contains files; these should be deleted before a new DVD is "
+                                       u"created. Shall Torvane try to delete the files?"_s,
+                               .title = u"Delete (old) VIDEO_TS folder"_s}}));
+  test::RecordingPrompter agrees({Answer::Ok, Answer::Ok});
+  EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveFiles, agrees));
+  EXPECT_FALSE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
+  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\sub\\x"_s));
+  Touch(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s);
+  EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveTree, agrees));
+  EXPECT_FALSE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\sub"_s));
+  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS"_s));
+  EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveTree, agrees));
+  EXPECT_EQ(agrees.boxes.size(), 2U);
+}
+
+TEST_F(DiscChecksTest, AnOldImageGoesOnlyWhenTheUserAgrees) {
+  project_.Settings.CreateISO = true;
+  project_.Settings.ISOPath = u"C:\\iso"_s;
+  project_.Settings.ISO_Name = u"Film"_s;
+  test::RecordingPrompter prompter({Answer::Cancel, Answer::Ok});
+  EXPECT_TRUE(ClearOldIso(project_, prompter));
+  Touch(u"C:\\iso\\Film.ISO"_s);
+  EXPECT_FALSE(ClearOldIso(project_, prompter));
+  EXPECT_TRUE(Exists(u"C:\\iso\\Film.ISO"_s));
+  EXPECT_TRUE(ClearOldIso(project_, prompter));
+  EXPECT_FALSE(Exists(u"C:\\iso\\Film.ISO"_s));
+  ASSERT_EQ(prompter.boxes.size(), 2U);
+  EXPECT_EQ(prompter.boxes[0].text, u"The ISO image: C:\\iso\\Film.ISO already exists.\r\nOverwrite it?"_s);
+}
+
+TEST_F(DiscChecksTest, AsksForEachSpaceThatIsTooSmall) {
+  project_.Tree.SetCaption(u"TS"_s, u"TotalSize(MB)=900000000"_s);
+  project_.Tree.SetCaption(u"FPTS1"_s, u"TotalSize(MB)=700000000"_s);
+  project_.Tree.SetCaption(u"FPTS2"_s, u"TotalSize(MB)=0"_s);
+  project_.Settings.CreateISO = true;
+  project_.Settings.ISOPath = u"C:\\iso"_s;
+  test::RecordingPrompter agrees;
+  EXPECT_TRUE(CheckFreeSpace(project_, agrees));
+  const QStringList needed{u"2500000100"_s, u"1800000100"_s, u"1600000100"_s, u"900000000"_s,
+                           u"1600000100"_s, u"700000000"_s,  u"900000000"_s};
+  ASSERT_EQ(agrees.boxes.size(), size_t(needed.size()));
+  for (qsizetype i = 0; i < needed.size(); ++i) {
+    EXPECT_TRUE(agrees.boxes[i].text.startsWith(u"The free space on drive C: seem to be to small!\r\nSpace needed: " +
+                                                needed[i] + u"  Space available: "))
+        << agrees.boxes[i].text.toStdString();
+  }
+  test::RecordingPrompter refuses({Answer::Ok, Answer::Cancel});
+  EXPECT_FALSE(CheckFreeSpace(project_, refuses));
+  EXPECT_EQ(refuses.boxes.size(), 2U);
+
+  project_.Tree.SetCaption(u"TS"_s, u"TotalSize(MB)=1"_s);
+  project_.Tree.SetCaption(u"FPTS1"_s, u"TotalSize(MB)=0"_s);
+  EXPECT_TRUE(CheckFreeSpace(project_, refuses));
+  EXPECT_EQ(refuses.boxes.size(), 2U);
+}
+
+TEST_F(DiscChecksTest, LoopingMenusWithoutMotionAreNamed) {
+  for (const QString& menu : {u"MM"_s, u"MM1"_s}) {
+    test::AddNode(project_, menu + u"BG", menu + u"BGLoop|Loop=1");
+  }
+  test::RecordingPrompter prompter({Answer::No});
+  EXPECT_FALSE(CheckLoopingMenus(project_, prompter));
+  ASSERT_EQ(prompter.boxes.size(), 1U);
+  // The submenu holds its Back button only.
+  EXPECT_EQ(prompter.boxes[0].text,
+            u"The following menus are designed as looping, but do not contain any animated elements:\r\nMainMenu\r\n\r\n"
+            u"This is usually not indended as it results in a strange behavior of highlighting.\r\nContinue?"_s);
+  EXPECT_EQ(prompter.boxes[0].preselected, Answer::No);
+
+  for (const QString& moving : {u"MMBGAudio|Audio=C:\\a.ac3"_s, u"MMBGAni|Animation=C:\\a.m2v"_s, u"MMBGTrans|Transition=1"_s}) {
+    test::AddNode(project_, u"MMBG"_s, moving);
+    EXPECT_TRUE(CheckLoopingMenus(project_, prompter)) << moving.toStdString();
+    project_.Tree.Remove(moving.section(u'|', 0, 0));
+  }
+  project_.Tree.SetCaption(u"MMBGLoop"_s, u"Loop=0"_s);
+  EXPECT_TRUE(CheckLoopingMenus(project_, prompter));
+}
+
+TEST_F(DiscChecksTest, ARunThatWouldDestroySourcesIsRefused) {
+  const auto refused = [this](const QString& source) {
+    project_.Tree.SetCaption(u"FPV1"_s, u"Video="_s + source);
+    Touch(source);
+    test::RecordingPrompter prompter;
+    const bool safe = CheckSourcesSafe(project_, prompter) && CheckTemporaryNames(project_, prompter);
+    return safe ? QString() : prompter.boxes.at(0).text;
+  };
+  EXPECT_EQ(refused(u"C:\\v\\a.m2v"_s), QString());
+  EXPECT_TRUE(refused(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"_s).contains(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"));
+  EXPECT_EQ(refused(u"C:\\T\\a.m2v"_s), QString());
+  EXPECT_TRUE(refused(u"C:\\T\\film2.mpg"_s).contains(u"C:\\T\\Film2.mpg"));
+  project_.Settings.AutoDelete = true;
+  EXPECT_TRUE(refused(u"C:\\T\\a.m2v"_s).contains(u"C:\\T\\a.m2v"));
+}
+
+TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {
+  project_.Tree.SetCaption(u"FP2"_s, u"Name=FILM1"_s);
+  test::RecordingPrompter prompter;
+  EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
+  ASSERT_EQ(prompter.boxes.size(), 1U);
+  EXPECT_TRUE(prompter.boxes[0].text.contains(u"Films 1 and 2"));
+}
+
+TEST_F(DiscChecksTest, AMissingIntroIsNamed) {
+  project_.Settings.UseIntro = true;
+  project_.Settings.IntroMovie = u"C:\\v\\intro.mpg"_s;
+  test::RecordingPrompter prompter;
+  EXPECT_FALSE(CheckIntro(project_, prompter));
+  EXPECT_EQ(prompter.boxes.at(0).text, u"Error: Intro video C:\\v\\intro.mpg not found!"_s);
+  Touch(u"C:\\v\\intro.mpg"_s);
+  EXPECT_TRUE(CheckIntro(project_, prompter));
+}
+
+}  // namespace
+}  // namespace torvane

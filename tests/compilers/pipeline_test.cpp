@@ -1,0 +1,130 @@
+#include "compilers/pipeline.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include "platform/host_files.h"
+#include "support/project_builder.h"
+#include "support/recording_prompter.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+class PipelineTest : public testing::Test {
+ protected:
+  PipelineTest() : project_(test::FixedSettings()) {
+    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
+    for (const QString& name : {u"O/DVD/VIDEO_TS"_s, u"T"_s}) QDir(dir_.path()).mkpath(name);
+    test::BuildTwoFilms(project_);
+    for (const QString& menu : {u"MM"_s, u"MM1"_s}) project_.Tree.SetCaption(menu + u"BGPath", u"Image=C:\\back.png"_s);
+    QImage background(72, 57, QImage::Format_RGB32);
+    background.fill(Qt::darkBlue);
+    background.save(HostFiles::ToHost(u"C:\\back.png"_s));
+  }
+  ~PipelineTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+
+  static QStringList TempFiles() { return HostFiles::FileNames(u"C:\\T"_s); }
+
+  QTemporaryDir dir_;
+  Project project_;
+  test::RecordingPrompter prompter_;
+};
+
+TEST_F(PipelineTest, CreateBatchWritesEverythingAndListsIt) {
+  CreateDvdPipeline pipeline(project_, prompter_);
+  ASSERT_EQ(pipeline.PrepareCreateBatch(), Readiness::Ready);
+  const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::WriteOnly);
+  ASSERT_TRUE(plan);
+  EXPECT_EQ(plan->BatchList, (QStringList{u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MM1Brun1.bat"_s,
+                                          u"MM1Brun2.bat"_s, u"EBrun1.bat"_s, u"author.bat"_s}));
+  EXPECT_EQ(TempFiles(), (QStringList{u"Author.xml"_s, u"EBrun1.bat"_s, u"EmptyBackg.jpg"_s, u"MM1Act.png"_s,
+                                      u"MM1Backg.png"_s, u"MM1Brun1.bat"_s, u"MM1Brun2.bat"_s, u"MM1High.png"_s,
+                                      u"MM1Spu.xml"_s, u"MMAct.png"_s, u"MMBackg.png"_s, u"MMBrun1.bat"_s,
+                                      u"MMBrun2.bat"_s, u"MMHigh.png"_s, u"MMSpu.xml"_s, u"MainBatch.bat"_s,
+                                      u"author.bat"_s, u"batchrun0.bat"_s}));
+  EXPECT_EQ(prompter_.boxes,
+            (std::vector<Box>{{.text = u"Batchfiles created! See MainBatch.bat for details"_s}}));
+}
+
+TEST_F(PipelineTest, ARealRunEndsWithImageAndClosingLine) {
+  project_.Settings.CreateISO = project_.Settings.KeepLogFile = true;
+  CreateDvdPipeline pipeline(project_, prompter_);
+  const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::Run);
+  ASSERT_TRUE(plan);
+  EXPECT_EQ(plan->BatchList.sliced(6), (QStringList{u"author.bat"_s, u"makeiso.bat"_s, u"EndTvn.bat"_s}));
+  EXPECT_EQ(plan->RunMode, u"0"_s);
+  EXPECT_TRUE(plan->LogText.contains(u"Film #2: Film2"));
+  EXPECT_FALSE(TempFiles().contains(u"MainBatch.bat"_s));
+}
+
+TEST_F(PipelineTest, WithoutMenusNoMenuIsCompiled) {
+  project_.Settings.NoMenus = project_.Settings.GoNextTitle = true;
+  const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run);
+  ASSERT_TRUE(plan);
+  EXPECT_EQ(plan->BatchList, (QStringList{u"batchrun0.bat"_s, u"author.bat"_s, u"EndTvn.bat"_s}));
+}
+
+TEST_F(PipelineTest, AMainMenuWithoutButtonsDoesNothing) {
+  for (const QString& button : {u"MMB1"_s, u"MMB2"_s, u"MMB3"_s}) project_.Tree.Remove(button);
+  CreateDvdPipeline pipeline(project_, prompter_);
+  EXPECT_EQ(pipeline.PrepareCreateDvd(), Readiness::NothingToDo);
+  EXPECT_EQ(pipeline.PrepareCreateBatch(), Readiness::NothingToDo);
+  EXPECT_TRUE(prompter_.boxes.empty());
+}
+
+TEST_F(PipelineTest, ABadMenuStopsWithItsName) {
+  project_.Tree.SetCaption(u"MM1BP0Left"_s, u"Left=700"_s);
+  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  EXPECT_EQ(prompter_.boxes,
+            (std::vector<Box>{{.kind = BoxKind::Error,
+                               .text = u"Buttons outside allowed area or minimum distance not matched!\r\nMainSubMenu1 "
+                                       u"(MM1)"_s}}));
+  EXPECT_TRUE(TempFiles().contains(u"MMSpu.xml"_s));
+
+  project_.Settings.AutoDelete = true;
+  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  EXPECT_EQ(TempFiles(), QStringList());
+}
+
+TEST_F(PipelineTest, WhatCannotBeAuthoredIsRefusedBeforeAnythingIsTouched) {
+  const auto text = [this] {
+    test::RecordingPrompter prompter;
+    CreateDvdPipeline pipeline(project_, prompter);
+    EXPECT_EQ(pipeline.PrepareCreateDvd(), Readiness::Refused);
+    EXPECT_EQ(TempFiles(), QStringList());
+    return prompter.boxes.at(0).text;
+  };
+  project_.Settings.Engine = 1;
+  EXPECT_TRUE(text().contains(u"MuxMan"));
+  project_.Settings.Engine = 0;
+  project_.Settings.NoTitleSets = false;
+  EXPECT_TRUE(text().contains(u"titleset"));
+  project_.Settings.NoTitleSets = true;
+  project_.Tree.SetCaption(u"F2"_s, u"Film2(AudioTitleSet)"_s);
+  EXPECT_TRUE(text().contains(u"Film 2"));
+}
+
+TEST_F(PipelineTest, TheSyntaxCheckRunsOneBatch) {
+  const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck();
+  ASSERT_TRUE(plan);
+  EXPECT_EQ(*plan, (RunPlan{.BatchList = {u"testrun.bat"_s}, .RunMode = u"1"_s}));
+  EXPECT_EQ(TempFiles(), (QStringList{u"Author.xml"_s, u"testrun.bat"_s}));
+  project_.Settings.Engine = 1;
+  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck());
+  EXPECT_EQ(prompter_.boxes.at(0).text, u"Not yet implemented for MuxMan..."_s);
+}
+
+TEST_F(PipelineTest, AFileThatCannotBeWrittenStopsWithItsName) {
+  project_.Settings.TempDir = u"C:\\missing"_s;
+  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  ASSERT_EQ(prompter_.boxes.size(), 1U);
+  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/missing/batchrun0.bat"));
+}
+
+}  // namespace
+}  // namespace torvane
