@@ -12,6 +12,7 @@
 #include "core/program.h"
 #include "core/project_file.h"
 #include "core/settings_defaults.h"
+#include "core/settings_project.h"
 #include "platform/host_files.h"
 #include "run/batch_run.h"
 #include "run/console_capture.h"
