@@ -15,6 +15,8 @@ template <class... Alternatives>
 struct Overloaded : Alternatives... {
   using Alternatives::operator()...;
 };
+template <class... Alternatives>
+Overloaded(Alternatives...) -> Overloaded<Alternatives...>;
 
 int NumberOfText(SettingKind kind, const QString& text) {
   switch (kind) {
