@@ -123,6 +123,15 @@ std::vector<QString> MenuView::SubMenuKeys() const {
   return keys;
 }
 
+std::optional<ButtonView> MenuView::AutoActionButton() const {
+  std::optional<ButtonView> autoButton;
+  for (const ButtonView& button : Buttons()) {
+    if (button.IsWritten() && button.IsAutoAction()) autoButton = button;
+  }
+  if (!autoButton || autoButton->Text(element_node::ActionLeft).value_or(QString()).isEmpty()) return std::nullopt;
+  return autoButton;
+}
+
 QString MenuView::LoopState() const {
   const std::optional<QString> loop = Text(menu_node::BackgroundLoop);
   if (!loop || *loop == u"0") return u"inf"_s;
@@ -155,6 +164,13 @@ bool MenuView::IsWide(const Settings& settings) const {
 
 bool MenuView::HasTransition() const {
   return Flag(IsAdditionalMenu(Key()) ? menu_node::Transition : menu_node::BackgroundTransition);
+}
+
+bool MenuView::IsAnimated(const Settings& settings) const {
+  if (HasTransition()) return true;
+  if (!settings.AnimatedMainMenu) return false;
+  const ProjectNode* animations = Tree().Find(MenuNodeKey(Key(), menu_node::Animations));
+  return Has(menu_node::BackgroundAnimation) || (animations && animations->FirstChild());
 }
 
 }  // namespace torvane

@@ -155,6 +155,10 @@ class MenuView : public NodeView {
   /// True for a menu of which one button acts at once when it is reached.
   bool IsSwitched() const { return Tag(menu_node::Buttons) == u"1"; }
 
+  /// The button of a switched menu that acts at once, whose four directions are pseudo buttons of the control files.
+  /// Nothing when no such button is written, or when it has no left action; a menu then counts as not switched.
+  std::optional<ButtonView> AutoActionButton() const;
+
   /// "0" for a looping menu, "inf" for one that waits, "" for any other loop value.
   QString LoopState() const;
   /// Pause of the menu; without one of its own the loop state.
@@ -168,6 +172,9 @@ class MenuView : public NodeView {
 
   /// Action text of the transition; empty without one, and "0" is none.
   bool HasTransition() const;
+
+  /// True for a menu whose picture moves: a transition, or with animated menus a background video or animations.
+  bool IsAnimated(const Settings& settings) const;
 
  private:
   template <class Make>
