@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <span>
+
+#include "core/menu_view.h"
+#include "core/settings.h"
+#include "designer/button_rectangles.h"
+
+namespace torvane {
+
+/// Which picture of the menu a subpicture lies over: the frame itself, or the letterbox of a 16:9 menu.
+enum class SpuFile { Frame, Letterbox };
+
+/// The control file by which spumux puts a menu's highlights into its video, UTF-8 with CR LF: "Spu.xml" or
+/// "SpuL.xml". `rectangles` are those of `ButtonRectangles`.
+QByteArray SpuXmlText(const MenuView& menu, const Settings& settings, std::span<const ButtonRectangle> rectangles,
+                      SpuFile file);
+
+}  // namespace torvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+#include "core/menu_view.h"
+
+namespace torvane {
+
+/// Loads the pictures that a menu names, each once, and gathers what went wrong. A picture that cannot be loaded draws
+/// nothing, and the menu is finished without it.
+class PictureLoader {
+ public:
+  explicit PictureLoader(const MenuView& menu) : menu_(menu.Name() + u" (" + menu.Key() + u')') {}
+
+  /// The picture at a DOS path with Format_ARGB32, its first frame when it has several; null where there is none.
+  QImage Load(const QString& path);
+
+  /// One text for each picture that could not be loaded, with its path and the menu.
+  const QStringList& Errors() const { return errors_; }
+
+ private:
+  QString menu_;
+  QHash<QString, QImage> pictures_;
+  QStringList errors_;
+};
+
+}  // namespace torvane
