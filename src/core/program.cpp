@@ -15,8 +15,7 @@ QString ProgramDir() {
 
 QString WritableProgramDir(const QString& appPath) {
   if (HostFiles::IsWritableDir(appPath)) return appPath;
-  QString dir =
-      HostFiles::ToDos(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/torvane"_s);
+  QString dir = HostFiles::ToDos(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/torvane"_s);
   HostFiles::MakeDir(dir);
   return dir;
 }

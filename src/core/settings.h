@@ -11,9 +11,10 @@ namespace torvane {
 /// Everything the user can set, under the names of the stored keys, and a few values that follow from it. The member
 /// initialisers are the defaults of the keys.
 ///
-/// After LoadSettings the directories it completes carry no trailing "\". Colours are packed (R + G * 256 + B * 65536), positions and sizes are pixels of
-/// the 720 x VideoHeight frame, blur values hundredths of a pixel.
-struct Settings {  // NOLINT(clang-analyzer-optin.performance.Padding): in the order of themes  // General
+/// The directories that LoadSettings completes carry no trailing "\". Colours are packed (R + G * 256 + B * 65536),
+/// positions and sizes are pixels of the 720 x VideoHeight frame, blur values hundredths of a pixel.
+struct Settings {  // NOLINT(clang-analyzer-optin.performance.Padding): by theme
+  // General
   int LangID = 1000;
   bool AskForSave = true;
   bool AutoAcceptVideo = false;
