@@ -1,5 +1,7 @@
 #include "shell/control_file.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QStringDecoder>
 
 #include "platform/dos_code_page.h"
@@ -28,7 +30,8 @@ void MapAttribute(LooseAttribute& attribute, const PathMapper& map) {
 void MapFont(LooseAttribute& attribute, const PathMapper& map) {
   if (HostFiles::HasDrive(attribute.value)) {
     MapAttribute(attribute, map);
-  } else if (attribute.value.endsWith(u".ttf", Qt::CaseInsensitive)) {
+  } else if (attribute.value.endsWith(u".ttf", Qt::CaseInsensitive) &&
+             !QFileInfo::exists(QDir::homePath() + u"/.spumux/"_s + attribute.value)) {
     attribute.value.chop(4);
   }
 }

@@ -33,9 +33,9 @@ class ControlFile {
   /// Maps what dvdauthor opens: `dest`, the file of a `vob`, a `palette`.
   void MapAuthorPaths(const PathMapper& map);
 
-  /// Maps what spumux opens: `image`, `highlight`, `select` and `force` pictures of a `spu`, and of a `textsub` its
-  /// `filename` and, when it has a drive, its `font`. A font named by its file, such as "arial.ttf", becomes the name
-  /// that the font service of this machine knows, "arial".
+  /// Maps what spumux opens: `image`, `highlight` and `select` pictures of a `spu`, and of a `textsub` its
+  /// `filename` and, when it has a drive, its `font`. A font named by a file that the user has not laid in "~/.spumux",
+  /// such as "arial.ttf", becomes the name that the font service of this machine knows, "arial".
   void MapSpumuxPaths(const PathMapper& map);
 
  private:

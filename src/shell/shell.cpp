@@ -1,20 +1,16 @@
 #include "shell/shell.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <QFile>
-#include <QRegularExpression>
-#include <array>
 #include <cerrno>
-#include <csignal>
-#include <cstring>
 
 #include "platform/host_files.h"
 #include "shell/builtin_commands.h"
 #include "shell/condition.h"
 #include "shell/current_directory.h"
+#include "shell/language_command.h"
+#include "shell/tool_chain.h"
+#include "shell/written_file.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,80 +21,9 @@ constexpr std::size_t kDeepest = 64;      // batches that call each other
 constexpr int kDeepestConditional = 100;  // IFs within IFs
 constexpr int kNoSuchProgram = 9009;
 
-bool IsControl(const QString& name) {
-  return name == u"echo" || name == u"goto" || name == u"call" || name == u"exit" || name == u"rem";
-}
-
-/// A command of the language at the start of a text: its name in small letters and what stands behind it.
-struct NamedCommand {
-  QString name;
-  QString rest;
-};
-
-std::optional<NamedCommand> LanguageCommand(const QString& text) {
-  qsizetype end = 0;
-  while (end < text.size() && text[end].isLetter()) ++end;
-  const QString name = text.left(end).toLower();
-  if (!IsControl(name) && !IsBuiltin(name)) return std::nullopt;
-  if (end < text.size() && !IsDelimiter(text[end])) {
-    const QString joined = name == u"echo"                      ? u".:([]+/\\"_s
-                           : name == u"cd" || name == u"chdir"  ? u"./\\"_s
-                           : name == u"goto" || name == u"call" ? u":"_s
-                                                                : u"/"_s;
-    if (!joined.contains(text[end])) return std::nullopt;
-  }
-  return NamedCommand{name, text.sliced(end)};
-}
-
-QString FromFirstWord(const QString& text) {
-  qsizetype begin = 0;
-  while (begin < text.size() && (IsDelimiter(text[begin]) || text[begin] == u'@')) ++begin;
-  return text.sliced(begin);
-}
-
-/// Arguments of a batch: parted by any delimiter, quotes kept.
-QStringList BatchArguments(const QString& text) {
-  QStringList arguments;
-  QString current;
-  bool quoted = false;
-  for (const QChar c : text) {
-    if (c == u'"') quoted = !quoted;
-    if (!quoted && IsDelimiter(c)) {
-      if (!current.isEmpty()) arguments << current;
-      current.clear();
-    } else {
-      current += c;
-    }
-  }
-  if (!current.isEmpty()) arguments << current;
-  return arguments;
-}
-
-bool HasBatchEnding(const QString& name) {
-  return name.endsWith(u".bat", Qt::CaseInsensitive) || name.endsWith(u".cmd", Qt::CaseInsensitive);
-}
-
-/// The batch that a command's first word names: with its ending, or without one where no tool goes by the name.
-std::optional<QString> BatchOf(const QString& word) {
-  if (HasBatchEnding(word)) return word;
-  for (const QString& ending : {u".bat"_s, u".cmd"_s}) {
-    if (!FindTool(word) && HostFiles::FileExists(word + ending)) return word + ending;
-  }
-  return std::nullopt;
-}
-
-/// How many subpictures a spumux run says it added, by its closing statistics.
-int SubpicturesAdded(const QByteArray& output) {
-  static const QRegularExpression kStatistics(u"(\\d+) subtitles added"_s);
-  int added = 0;
-  auto matches = kStatistics.globalMatch(QString::fromLatin1(output));
-  while (matches.hasNext()) added = matches.next().captured(1).toInt();
-  return added;
-}
-
 }  // namespace
 
-Shell::Shell(const Streams& streams) : streams_(streams) {
+Shell::Shell(const Streams& streams) : streams_(streams), console_(streams.out) {
   variables_.dynamic = [this](const QString& name) -> std::optional<QString> {
     if (name == u"CD") return CurrentDosDirectory();
     if (name == u"ERRORLEVEL") return QString::number(errorLevel_);
@@ -206,7 +131,7 @@ void Shell::RunCommand(const CommandText& command) {
     RunPrograms({command});
     return;
   }
-  const OpenedStreams opened = Open(command.redirections, streams_);
+  const RedirectedStreams opened = OpenRedirections(command.redirections, streams_);
   if (!opened.error.isEmpty()) {
     errorLevel_ = 1;
     Report(opened.error);
@@ -328,37 +253,6 @@ void Shell::StartBatch(const QString& path, const QStringList& arguments) {
   RunFrame({&*script, arguments});
 }
 
-Shell::OpenedStreams Shell::Open(const QList<Redirection>& redirections, const Streams& base) const {
-  OpenedStreams opened;
-  std::array<int, 3> handles{base.in, base.out, base.err};
-  for (const Redirection& redirection : redirections) {
-    if (redirection.handle > 2) continue;
-    int& handle = handles[std::size_t(redirection.handle)];
-    if (redirection.kind == Redirection::Kind::Duplicate) {
-      if (redirection.duplicateOf <= 2) handle = handles[std::size_t(redirection.duplicateOf)];
-      continue;
-    }
-    const bool nothing = redirection.target.compare(u"nul", Qt::CaseInsensitive) == 0;
-    const QString host = nothing ? u"/dev/null"_s : HostFiles::ToHost(redirection.target);
-    int flags = O_RDONLY;
-    if (redirection.kind == Redirection::Kind::Write) flags = O_WRONLY | O_CREAT | O_TRUNC;
-    if (redirection.kind == Redirection::Kind::Append) flags = O_WRONLY | O_CREAT | O_APPEND;
-    OwnedFd file(open(QFile::encodeName(host).constData(), flags | O_CLOEXEC, 0666));
-    if (!file) {
-      opened.error = u"%1: %2"_s.arg(host, QString::fromLocal8Bit(std::strerror(errno)));
-      return opened;
-    }
-    handle = file.Get();
-    opened.owned.push_back(std::move(file));
-    if (redirection.kind == Redirection::Kind::Read && redirection.handle == 0) opened.input = host;
-    if (redirection.kind == Redirection::Kind::Write && redirection.handle == 1) opened.created << host;
-  }
-  // A text of errors in the same file is worth keeping.
-  if (handles[1] == handles[2]) opened.created.clear();
-  opened.streams = {handles[0], handles[1], handles[2]};
-  return opened;
-}
-
 RunKind Shell::KindOfRun() const {
   if (frames_.empty()) return RunKind::Real;
   QString name = frames_.back()->script->path;
@@ -369,101 +263,71 @@ RunKind Shell::KindOfRun() const {
 
 void Shell::RunPrograms(const QList<CommandText>& commands) {
   PrivateFolder folder;
-  std::vector<OpenedStreams> opened;
-  QList<ToolCommand> tools;
+  std::vector<RedirectedStreams> opened;
   std::vector<OwnedFd> pipes;
+  QList<ToolCommand> tools;
   QStringList created;
-  Streams next = streams_;
+  int nextInput = streams_.in;
   for (qsizetype i = 0; i < commands.size(); ++i) {
-    Streams base{next.in, streams_.out, streams_.err};
+    Streams base{nextInput, streams_.out, streams_.err};
     if (i + 1 < commands.size()) {
       PipeEnds ends = MakePipe();
       base.out = ends.write.Get();
-      next.in = ends.read.Get();
+      nextInput = ends.read.Get();
       pipes.push_back(std::move(ends.read));
       pipes.push_back(std::move(ends.write));
     }
-    opened.push_back(Open(commands[i].redirections, base));
-    QString error = opened.back().error;
-    const QString text = FromFirstWord(commands[i].text);
-    const QList<CommandWord> words = SplitWords(text);
-    ToolCommand tool;
-    if (error.isEmpty() && (LanguageCommand(text) || BatchOf(words.first().text))) {
-      tool.stage.inside = [this, text](const Streams& streams) {
-        streams_ = streams;
-        RunInShell(text);
-        return errorLevel_;
-      };
-    } else if (error.isEmpty()) {
-      Result<ToolCommand> made = MakeToolCommand(words, opened.back().input, KindOfRun(), folder);
-      if (made) {
-        tool = *made;
-      } else {
-        error = made.Error();
-      }
-    }
+    opened.push_back(OpenRedirections(commands[i].redirections, base));
     created << opened.back().created;
-    if (!error.isEmpty()) {
-      errorLevel_ = kNoSuchProgram;
-      Report(error);
-      for (const QString& path : created) QFile::remove(path);
+    const Result<ToolCommand> tool = MakeStage(commands[i].text, opened.back(), folder);
+    if (!tool) {
+      errorLevel_ = opened.back().error.isEmpty() ? kNoSuchProgram : 1;
+      Report(tool.Error());
+      for (const QString& path : created) RemoveOrdinaryFile(path);
       return;
     }
+    tools << *tool;
+  }
+  const ChainOutcome outcome = RunToolChain(tools, created, [&] {
+    pipes.clear();
+    opened.clear();
+  });
+  errorLevel_ = outcome.errorLevel;
+  if (StopSignal() != 0) return;
+  // A program may have stopped within a line.
+  for (const QString& complaint : outcome.complaints) PrintText(console_, u"\n*ERROR: %1\n"_s.arg(complaint));
+}
+
+Result<ToolCommand> Shell::MakeStage(const QString& commandText, const RedirectedStreams& opened,
+                                     PrivateFolder& folder) {
+  if (!opened.error.isEmpty()) return Failure{opened.error};
+  const QString text = FromFirstWord(commandText);
+  const QList<CommandWord> words = SplitWords(text);
+  if (words.isEmpty()) return Failure{u"The syntax of the command is incorrect."_s};
+  ToolCommand tool;
+  if (LanguageCommand(text) || BatchOf(words.first().text)) {
+    tool.stage.inside = [this, text](const Streams& streams) {
+      streams_ = streams;
+      console_ = streams.err;
+      RunInShell(text);
+      return errorLevel_;
+    };
+  } else {
+    Result<ToolCommand> made = MakeToolCommand(words, opened.input, KindOfRun(), folder);
+    if (!made) return made;
+    tool = *made;
     for (auto change = variables_.Changes().cbegin(); change != variables_.Changes().cend(); ++change) {
       const bool own = tool.stage.environment.contains(change.key());
       // PATH holds folders of the other system there.
       if (!own && change.key().toUpper() != u"PATH") tool.stage.environment[change.key()] = change.value();
     }
-    tool.stage.streams = opened.back().streams;
-    tools << tool;
   }
-  QList<ProcessStage> stages;
-  for (const ToolCommand& tool : tools) stages << tool.stage;
-  const QList<ProcessEnd> ends = RunProcesses(stages, [&] {
-    pipes.clear();
-    opened.clear();
-  });
-  Judge(tools, ends, created);
-}
-
-void Shell::Judge(const QList<ToolCommand>& tools, const QList<ProcessEnd>& ends, const QStringList& created) {
-  bool failed = StopSignal() != 0;
-  for (qsizetype i = 0; i < ends.size(); ++i) {
-    const ProcessEnd& end = ends[i];
-    const bool last = i + 1 == ends.size();
-    if (last) errorLevel_ = end.signal ? 128 + end.signal : end.exitStatus;
-    if (tools[i].stage.inside) continue;
-    QString complaint;
-    if (!end.failure.isEmpty()) {
-      complaint = u"%1 could not be started: %2"_s.arg(tools[i].name, end.failure);
-    } else if (end.signal == SIGPIPE && !last) {
-      // The stage behind it went first, and has told why if that was a failure.
-      continue;
-    } else if (end.signal != 0) {
-      complaint = u"%1 was ended by signal %2 (%3)"_s.arg(tools[i].name)
-                      .arg(end.signal)
-                      .arg(QString::fromLocal8Bit(strsignal(end.signal)));
-    } else if (end.exitStatus != 0) {
-      complaint = u"%1 ended with status %2"_s.arg(tools[i].name).arg(end.exitStatus);
-    } else if (tools[i].addsSubpictures && SubpicturesAdded(end.watchedOutput) == 0) {
-      complaint = u"%1 added no subpicture"_s.arg(tools[i].name);
-      if (last) errorLevel_ = 1;
-    }
-    if (complaint.isEmpty()) continue;
-    failed = true;
-    // The program may have stopped within a line.
-    if (StopSignal() == 0) PrintText(streams_.out, u"\n*ERROR: %1\n"_s.arg(complaint));
-  }
-  if (!failed) return;
-  for (const QString& path : created) {
-    struct stat status = {};
-    const QByteArray host = QFile::encodeName(path);
-    if (stat(host.constData(), &status) == 0 && S_ISREG(status.st_mode)) unlink(host.constData());
-  }
+  tool.stage.streams = opened.streams;
+  return tool;
 }
 
 void Shell::Report(const QString& text) {
-  PrintText(streams_.out, u"*ERROR: %1\n"_s.arg(text));
+  PrintText(console_, u"*ERROR: %1\n"_s.arg(text));
 }
 
 }  // namespace torvane

@@ -9,6 +9,7 @@
 #include "shell/batch_variables.h"
 #include "shell/command_parser.h"
 #include "shell/process_chain.h"
+#include "shell/redirected_streams.h"
 #include "shell/tool_command.h"
 
 namespace torvane {
@@ -49,15 +50,6 @@ class Shell {
     bool ended = false;
   };
 
-  /// The streams of one command, with its redirections applied; `error` tells what could not be opened.
-  struct OpenedStreams {
-    Streams streams;
-    std::vector<OwnedFd> owned;
-    QStringList created;  // host paths of files that its output made or emptied
-    QString input;        // host path of the file it reads
-    QString error;
-  };
-
   void RunFrame(Frame frame);
   void RunExpanded(const QString& line);
   void RunParsed(const ParsedLine& parsed);
@@ -66,17 +58,17 @@ class Shell {
   bool RunControl(const QString& name, const QString& rest);
   bool RunInShell(const QString& text);
   void RunPrograms(const QList<CommandText>& commands);
-  void Judge(const QList<ToolCommand>& tools, const QList<ProcessEnd>& ends, const QStringList& created);
+  Result<ToolCommand> MakeStage(const QString& commandText, const RedirectedStreams& opened, PrivateFolder& folder);
   void Goto(const QString& rest);
   void Call(const QString& rest);
   void Exit(const QString& rest);
   void Echo(const QString& rest);
   void StartBatch(const QString& path, const QStringList& arguments);
-  OpenedStreams Open(const QList<Redirection>& redirections, const Streams& base) const;
   void Report(const QString& text);
   RunKind KindOfRun() const;
 
   Streams streams_;
+  int console_;  // where failures are told, whatever is redirected
   BatchVariables variables_;
   std::vector<Frame*> frames_;
   int errorLevel_ = 0;

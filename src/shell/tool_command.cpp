@@ -118,6 +118,9 @@ class CommandMaker {
       } else if (!plain && !isOption && (word.quoted || argument.contains(u'\\'))) {
         argument = Map(argument);
       }
+      if (tool_ && !isOption && !option.isEmpty() && option == tool_->outputOption) {
+        command_.output = HostFiles::ToHost(word.text);
+      }
       if (tool_ && !wine_ && IsPattern(option, argument)) argument.replace(u'%', u"%%"_s);
       if (!isOption && NamesControlFile(option)) {
         controlFileAt_ = command_.stage.arguments.size();

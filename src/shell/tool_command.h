@@ -29,6 +29,7 @@ enum class RunKind { Real, SyntaxCheck };
 struct ToolCommand {
   QString name;  ///< the program's name for messages
   ProcessStage stage;
+  QString output;                ///< host path of the file that an option names as its output, if any
   bool addsSubpictures = false;  ///< a spumux run, which fails when it added none
 };
 

@@ -16,6 +16,7 @@ struct ToolEntry {
   QStringList dropped;       ///< options that the program here does not know
   QStringList plainValue;    ///< options whose value is no path
   QStringList patternValue;  ///< options whose value is a printf pattern, so that a "%" must be doubled
+  QString outputOption;      ///< the option that names the file it writes
 };
 
 /// The entry of a stem, looked up without regard to case; nullptr for a stem that is not in the table.

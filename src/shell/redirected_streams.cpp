@@ -1,0 +1,53 @@
+#include "shell/redirected_streams.h"
+
+#include <fcntl.h>
+
+#include <QFile>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/host_files.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+int OpenFlags(Redirection::Kind kind) {
+  if (kind == Redirection::Kind::Write) return O_WRONLY | O_CREAT | O_TRUNC;
+  if (kind == Redirection::Kind::Append) return O_WRONLY | O_CREAT | O_APPEND;
+  return O_RDONLY;
+}
+
+}  // namespace
+
+RedirectedStreams OpenRedirections(const QList<Redirection>& redirections, const Streams& base) {
+  RedirectedStreams opened;
+  std::array<int, 3> handles{base.in, base.out, base.err};
+  for (const Redirection& redirection : redirections) {
+    if (redirection.handle > 2) continue;
+    int& handle = handles[std::size_t(redirection.handle)];
+    if (redirection.kind == Redirection::Kind::Duplicate) {
+      if (redirection.duplicateOf <= 2) handle = handles[std::size_t(redirection.duplicateOf)];
+      continue;
+    }
+    const bool nothing = redirection.target.compare(u"nul", Qt::CaseInsensitive) == 0;
+    const QString host = nothing ? u"/dev/null"_s : HostFiles::ToHost(redirection.target);
+    OwnedFd file(open(QFile::encodeName(host).constData(), OpenFlags(redirection.kind) | O_CLOEXEC, 0666));
+    if (!file) {
+      opened.error = u"%1: %2"_s.arg(host, QString::fromLocal8Bit(std::strerror(errno)));
+      return opened;
+    }
+    handle = file.Get();
+    opened.owned.push_back(std::move(file));
+    if (redirection.handle == 0) opened.input = host;
+    if (redirection.kind == Redirection::Kind::Write && redirection.handle == 1) opened.created << host;
+  }
+  // A file that also holds the text of errors is worth keeping whatever happens.
+  if (handles[1] == handles[2]) opened.created.clear();
+  opened.streams = {handles[0], handles[1], handles[2]};
+  return opened;
+}
+
+}  // namespace torvane
