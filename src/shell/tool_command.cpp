@@ -99,8 +99,8 @@ class CommandMaker {
     const Result<QString> folder = folder_.Path();
     if (!folder) return mapped + u'/';
     const QString link = u"%1/link%2"_s.arg(*folder).arg(++links_);
-    QFile::link(QDir::current().absoluteFilePath(mapped), link);
-    return link;
+    QFile::link(QDir::current().absoluteFilePath(HostFiles::ToHost(dosPath)), link);
+    return wine_ ? HostFiles::ToDos(link) : link;
   }
 
   void AddArguments() {

@@ -21,16 +21,22 @@ struct Mended {
 TEST(ControlFile, BecomesWellFormed) {
   const std::vector<Mended> cases{
       // What is well-formed stays as it is.
-      {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<pgc entry='root'>\r\n  <pre> { button=1024; } </pre>\r\n</pgc>\r\n",
-       "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<pgc entry=\"root\">\r\n  <pre> { button=1024; } </pre>\r\n</pgc>\r\n"},
-      {"<post>if (g0 &lt; 1 &amp;&amp; g1 &#62; 2) exit;</post>", "<post>if (g0 &lt; 1 &amp;&amp; g1 &#62; 2) exit;</post>"},
+      {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<pgc entry='root'>\r\n  <pre> { button=1024; } "
+       "</pre>\r\n</pgc>\r\n",
+       "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<pgc entry=\"root\">\r\n  <pre> { button=1024; } "
+       "</pre>\r\n</pgc>\r\n"},
+      {"<post>if (g0 &lt; 1 &amp;&amp; g1 &#62; 2) exit;</post>",
+       "<post>if (g0 &lt; 1 &amp;&amp; g1 &#62; 2) exit;</post>"},
       {"<pgc><![CDATA[a<b]]></pgc>", "<pgc><![CDATA[a<b]]></pgc>"},
       // Commands.
       {"<post>if (g0 < 1) jump title 2;</post>", "<post>if (g0 &lt; 1) jump title 2;</post>"},
       {"<pre>if (g1<=2&&g2<g3) g0=g1&7;</pre>", "<pre>if (g1&lt;=2&amp;&amp;g2&lt;g3) g0=g1&amp;7;</pre>"},
-      {"<button name=\"MMB1\">if (g1 <button) exit;</button>", "<button name=\"MMB1\">if (g1 &lt;button) exit;</button>"},
+      {"<button name=\"MMB1\">if (g1 <button) exit;</button>",
+       "<button name=\"MMB1\">if (g1 &lt;button) exit;</button>"},
       {"<pre>a &lt b &unknown; &#0; ]]> <x></pre>", "<pre>a &amp;lt b &amp;unknown; &amp;#0; ]]&gt; &lt;x></pre>"},
-      {"<pre>a\x01" "b</pre>", "<pre>a b</pre>"},
+      {"<pre>a\x01"
+       "b</pre>",
+       "<pre>a b</pre>"},
       {"<pgc><pre>never closed <vob file=\"a<b\"/></pgc>", "<pgc><pre>never closed <vob file=\"a&lt;b\"/></pgc>"},
       // Values.
       {"<vob file=\"Z:\\Tom & \"Jerry\" <1>.mpg\" chapters=\"0\"/>",
@@ -53,7 +59,9 @@ TEST(ControlFile, BecomesWellFormed) {
 
 TEST(ControlFile, ReadsUtf8AndElseTheDosCodePage) {
   EXPECT_EQ(ControlFile("\xEF\xBB\xBF<vob file=\"\xC3\xA4\xE2\x82\xAC\"/>").Films(), QStringList{u"ä€"_s});
-  EXPECT_EQ(ControlFile("<?xml version='1.0' encoding='x'?><vob file=\"Gr\x94\xE1" "e\"/>").ToBytes(),
+  EXPECT_EQ(ControlFile("<?xml version='1.0' encoding='x'?><vob file=\"Gr\x94\xE1"
+                        "e\"/>")
+                .ToBytes(),
             QByteArray("<?xml version=\"1.0\" encoding=\"utf-8\"?><vob file=\"Größe\"/>"));
 }
 
@@ -63,9 +71,10 @@ TEST(ControlFile, MapsThePathsOfBothKindsAndNothingElse) {
       "<dvdauthor dest=\"C:\\O\\DVD\" jumppad=\"1\"><pgc PALETTE=\"C:\\T\\R&B.pal\" entry=\"root\">"
       "<vob file=\"C:\\T\\a &amp; b.mpg\" chapters=\"0\"/><button name=\"C:\\x\">C:\\y</button><vob file=\"\"/>");
   author.MapAuthorPaths(map);
-  EXPECT_EQ(author.ToBytes(),
-            "<dvdauthor dest=\"{C:\\O\\DVD}\" jumppad=\"1\"><pgc palette=\"{C:\\T\\R&amp;B.pal}\" entry=\"root\">"
-            "<vob file=\"{C:\\T\\a &amp; b.mpg}\" chapters=\"0\"/><button name=\"C:\\x\">C:\\y</button><vob file=\"\"/>");
+  EXPECT_EQ(
+      author.ToBytes(),
+      "<dvdauthor dest=\"{C:\\O\\DVD}\" jumppad=\"1\"><pgc palette=\"{C:\\T\\R&amp;B.pal}\" entry=\"root\">"
+      "<vob file=\"{C:\\T\\a &amp; b.mpg}\" chapters=\"0\"/><button name=\"C:\\x\">C:\\y</button><vob file=\"\"/>");
 
   ControlFile spumux(
       "<spu start=\"0\" HIGHLIGHT=\"h\" select=\"s\" image=\"i\" force=\"yes\"><button name=\"b\"/></spu>"
@@ -87,7 +96,8 @@ TEST(ControlFile, TakesAValueAsItStandsWhereSuchAFileExists) {
 }
 
 TEST(ControlFile, KnowsTheStatedVideoFormat) {
-  EXPECT_EQ(ControlFile("<menus><video format=\"ntsc\"></video><video format=\"pal\"/>").StatedVideoFormat(), u"NTSC"_s);
+  EXPECT_EQ(ControlFile("<menus><video format=\"ntsc\"></video><video format=\"pal\"/>").StatedVideoFormat(),
+            u"NTSC"_s);
   EXPECT_EQ(ControlFile("<menus><video aspect=\"4:3\"/><Video Format=\" Pal\"/>").StatedVideoFormat(), u"PAL"_s);
   EXPECT_EQ(ControlFile("<video format=\"secam\"/>").StatedVideoFormat(), QString());
 }

@@ -4,7 +4,7 @@
 //   cat         copies the input      fill        prints until nobody reads
 //   status N    ends with it          signal N    sends itself the signal
 //   sleep       sleeps for a minute   ignore N    ignores a signal    close    closes its input
-// In TEXT "\r", "\n" and "\\" stand for the characters.
+// In TEXT "~r" and "~n" stand for CR and LF.
 #include <unistd.h>
 
 #include <csignal>
@@ -16,12 +16,12 @@ namespace {
 void Print(int fd, const std::string& text) {
   std::string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\' || i + 1 == text.size()) {
+    if (text[i] != '~' || i + 1 == text.size()) {
       plain += text[i];
       continue;
     }
     const char c = text[++i];
-    plain += c == 'r' ? '\r' : c == 'n' ? '\n' : c;
+    plain += c == 'r' ? '\r' : '\n';
   }
   if (write(fd, plain.data(), plain.size()) < 0) _exit(99);
 }

@@ -1,0 +1,198 @@
+#include <signal.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <vector>
+
+#include "console_fixture.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane::test {
+namespace {
+
+class Programs : public ConsoleTest {
+ protected:
+  /// Runs a batch in which "probe" stands for the test program.
+  std::string RunProbes(QByteArray lines) const { return RunBatch(lines.replace("probe", Probe())); }
+
+  /// Lays a script into a folder that comes first in PATH.
+  void MakeTool(const QString& name, const QByteArray& script) {
+    const QString folder = dir_.filePath(u"bin"_s);
+    QDir().mkpath(folder);
+    QFile file(folder + u'/' + name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("#!/bin/sh\n" + script);
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    environment_.insert(u"PATH"_s, folder + u":/usr/bin:/bin"_s);
+  }
+};
+
+/// False for a process that has ended, also where nobody has asked for its status yet.
+bool IsRunning(int pid) {
+  QFile file(u"/proc/%1/stat"_s.arg(pid));
+  return file.open(QIODevice::ReadOnly) && !file.readAll().contains(") Z ");
+}
+
+struct Case {
+  const char* lines;
+  const char* output;
+};
+
+TEST_F(Programs, PrintWhatTheyPrintUnchangedAndInOrder) {
+  const std::vector<Case> cases{
+      {"echo a\r\nprobe out 10%%~r err x~n out 20%%~r out \"last, no end\"\r\necho b\r\n",
+       "a\r\n10%\rx\n20%\rlast, no endb\r\n"},
+      {"probe args \"a b\" -o\"C:\\T\\n e w\" -xC:/t/X.BAT \"\" 1.25 -V:w C:\\ \"x.BAT\" sub\\y\r\n",
+       "[a b]\n[-o{T}/n e w]\n[-x{T}/x.bat]\n[]\n[1.25]\n[-V:w]\n[{C}]\n[x.bat]\n[sub/y]\n"},
+      {"set Q=1 2\r\nset PATH=C:\\tools\r\nprobe env Q\r\nset Q=\r\nprobe env Q\r\nprobe env PATH > p\r\n"
+       "if exist p echo there\r\n",
+       "1 2\n(none)\nthere\r\n"},
+      {"probe out a~nb err c~n | probe cat out -~n\r\n", "c\na\nb-\n"},
+      {"type x.bat | probe cat > copy.bat\r\ntype copy.bat | probe cat | probe cat > copy2.bat\r\n", ""},
+      {"echo ab> in.txt\r\nprobe cat <in.txt > \"C:\\T\\o u t\" & probe cat< \"o u t\" | probe cat\r\n", "ab\r\n"},
+      {"probe out a err b > o.txt 2> e.txt\r\nprobe out c err d >> o.txt 2>&1\r\ntype o.txt\r\ntype e.txt\r\n", "acdb"},
+      {"probe out a 2>&1 1>nul err b~n\r\n", "b\n"},
+      {"echo a | probe cat\r\necho b|call echo c|probe cat\r\n", "a \r\nc\r\n"},
+      {"probe status 0 && echo yes\r\nprobe out x && probe out y~n || echo no\r\n", "yes\r\nxy\n"},
+  };
+  for (const Case& batch : cases) {
+    QByteArray output(batch.output);
+    output.replace("{T}", Host({}).chopped(1).toUtf8()).replace("{C}", Drive().toUtf8());
+    EXPECT_EQ(RunProbes(batch.lines), output.toStdString()) << batch.lines;
+  }
+  EXPECT_EQ(Read(u"copy2.bat"_s), Read(u"copy.bat"_s));
+}
+
+TEST_F(Programs, TellHowTheyFailed) {
+  const std::vector<Case> cases{
+      {"probe out half status 3\r\necho next %ERRORLEVEL%\r\n",
+       "half\r\n*ERROR: shell_probe ended with status 3\r\nnext 3\r\n"},
+      {"probe signal 11\r\necho next %ERRORLEVEL%\r\n",
+       "\r\n*ERROR: shell_probe was ended by signal 11 (Segmentation fault)\r\nnext 139\r\n"},
+      {"probe fill | probe close status 4\r\n", "\r\n*ERROR: shell_probe ended with status 4\r\n"},
+      {"probe fill | probe close\r\necho well %ERRORLEVEL%\r\n", "well 0\r\n"},
+      {"probe status 5 | probe cat\r\necho level %ERRORLEVEL%\r\n",
+       "\r\n*ERROR: shell_probe ended with status 5\r\nlevel 0\r\n"},
+      {"probe status 5 | probe cat status 6\r\n",
+       "\r\n*ERROR: shell_probe ended with status 5\r\n\r\n*ERROR: shell_probe ended with status 6\r\n"},
+      {"probe cat < nothing.mpg > out.mpg\r\nif not exist out.mpg echo none %ERRORLEVEL%\r\n",
+       "*ERROR: nothing.mpg: No such file or directory\r\nnone 1\r\n"},
+      {"probe out a > C:\\nowhere\\x\r\n", "*ERROR: {C}/nowhere/x: No such file or directory\r\n"},
+      {"\"C:\\T\\x.txt\" a\r\necho a>x.txt\r\n\"C:\\T\\X.txt\" a\r\n",
+       "*ERROR: C:\\T\\x.txt is neither a command nor a program that exists\r\n"
+       "*ERROR: {C}/T/x.txt cannot be run on this system\r\n"},
+  };
+  for (const Case& batch : cases) {
+    QByteArray output(batch.output);
+    EXPECT_EQ(RunProbes(batch.lines), output.replace("{C}", Drive().toUtf8()).toStdString()) << batch.lines;
+  }
+}
+
+TEST_F(Programs, LeaveNoHalfOutputBehindWhenTheyFail) {
+  EXPECT_EQ(RunProbes("probe out half status 1 > film.mpg\r\nprobe out half status 1 > log.txt 2>&1\r\n"
+                      "echo before> kept.txt\r\nprobe out half status 1 >> kept.txt\r\nprobe status 1 > nul\r\n"
+                      "probe out half > pipe.mpg | probe status 1\r\n")
+                .size(),
+            std::string("\r\n*ERROR: shell_probe ended with status 1\r\n").size() * 5);
+  EXPECT_EQ(Files(), (QStringList{u"kept.txt"_s, u"log.txt"_s, u"x.bat"_s}));
+  EXPECT_EQ(Read(u"kept.txt"_s), "before\r\nhalf");
+  EXPECT_TRUE(QFile::exists(u"/dev/null"_s));
+
+  MakeTool(u"mplex"_s, "for last; do :; done; [ -f \"$last\" ] || exit 1; echo half > \"$5\"; exit 2\n");
+  Write(u"in.m2v"_s, "x");
+  Write(u"whole.mpg"_s, "whole");
+  RunBatch("mplex.exe -M -f 8 -o \"C:\\T\\new.mpg\" in.m2v\r\nmplex.exe -M -f 8 -o whole.mpg nothing.m2v\r\n");
+  EXPECT_FALSE(QFile::exists(Host(u"new.mpg"_s)));
+  EXPECT_EQ(Read(u"whole.mpg"_s), "whole");
+}
+
+TEST_F(Programs, AreLookedUpByStemAndNamedWithTheirPackageWhenMissing) {
+  MakeTool(u"genisoimage"_s, "for a; do printf '[%s]\\n' \"$a\"; done; echo $LC_ALL\n");
+  EXPECT_EQ(RunBatch("\"C:\\no tools\\MKISOFS.EXE\" -dvd-video -V \"a:\\b\" -udf -o \"C:\\T\\D 1.ISO\" \"C:\\T\"\r\n"),
+            "[-dvd-video]\n[-V]\n[a:\\b]\n[-udf]\n[-o]\n[" + Host(u"D 1.ISO"_s).toStdString() + "]\n[" +
+                Host({}).chopped(1).toStdString() + "]\nC.UTF-8\n");
+  MakeTool(u"png2yuv"_s, "printf '%s\\n' \"$2\"\n");
+  EXPECT_EQ(RunBatch("png2yuv -j \"C:\\100%%\\a.png\"\r\n"), Drive().toStdString() + "/100%%/a.png\n");
+
+  environment_.insert(u"PATH"_s, dir_.filePath(u"nothing"_s));
+  EXPECT_EQ(
+      RunBatch("dvdauthor -x a\r\n\"C:\\t\\SpuMux.exe\" a\r\nmplex\r\nmpeg2enc\r\npng2yuv\r\njpeg2yuv | mpeg2enc\r\n"
+               "mkisofs\r\n"),
+      "*ERROR: dvdauthor is not installed; install the Debian package dvdauthor\r\n"
+      "*ERROR: spumux is not installed; install the Debian package dvdauthor\r\n"
+      "*ERROR: mplex is not installed; install the Debian package mjpegtools\r\n"
+      "*ERROR: mpeg2enc is not installed; install the Debian package mjpegtools\r\n"
+      "*ERROR: png2yuv is not installed; install the Debian package mjpegtools\r\n"
+      "*ERROR: jpeg2yuv is not installed; install the Debian package mjpegtools\r\n"
+      "*ERROR: genisoimage is not installed; install the Debian package genisoimage\r\n");
+}
+
+TEST_F(Programs, GoToWineWhereARealOneLies) {
+  Write(u"requant.exe"_s, "MZ\x90");
+  Write(u"dvdauthor.exe"_s, "MZ\x90");
+  Write(u"Author.xml"_s, "<vob file=\"C:\\T\\a|\"/>");
+  environment_.insert(u"PATH"_s, u"/usr/bin:/bin"_s);
+  EXPECT_EQ(RunBatch("requant 1.25 a b\r\n"), "*ERROR: requant is not available on this system\r\n");
+  MakeTool(u"wine"_s,
+           "for a; do printf '[%s]\\n' \"$a\"; done; eval last=\\${$#}\n"
+           "case $last in *Author.xml) cat \"$(printf %s \"$last\" | tr '\\\\' / | cut -c 3-)\"; echo;; esac\n");
+  const std::string z = HostFiles::ToDos(Host({})).toStdString();
+  EXPECT_EQ(RunBatch("\"C:\\T\\Requant.exe\" 1.25 \"C:\\T\\a\"\r\n"),
+            "[" + Host(u"requant.exe"_s).toStdString() + "]\n[1.25]\n[" + z + "a]\n");
+  const std::string run = RunBatch("\"C:\\T\\dvdauthor\" -w -x \"C:\\T\\Author.xml\"\r\n");
+  EXPECT_TRUE(run.starts_with("[" + Host(u"dvdauthor.exe"_s).toStdString() + "]\n[-w]\n[-x]\n[Z:\\")) << run;
+  EXPECT_TRUE(run.find("\n<vob file=\"Z:\\") != std::string::npos) << run;
+}
+
+TEST_F(Programs, EndWithTheConsole) {
+  Write(u"Author.xml"_s, "<dvdauthor/>");
+  Write(u"x.bat"_s,
+        "@echo off\r\ndvdauthor -x Author.xml > half.txt 2>nul | " + Probe() + " cat sleep\r\necho not this\r\n");
+  for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+    QProcess process;
+    // One that does not heed the request is ended all the same.
+    MakeTool(u"dvdauthor"_s, QByteArray(number == SIGTERM ? "trap '' TERM; " : "") +
+                                 "echo $$; echo ready; while :; do sleep 1; done\n");
+    Write(u"y.bat"_s, "@echo off\r\ndvdauthor -x Author.xml\r\necho not this\r\n");
+    Start(process, {u"/c"_s, number == SIGTERM ? u"y.bat"_s : u"x.bat"_s});
+    QByteArray printed;
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < 10000 && !(number == SIGTERM ? printed : Read(u"half.txt"_s)).contains("ready")) {
+      process.waitForReadyRead(20);
+      printed += process.readAll();
+    }
+    const int tool = (number == SIGTERM ? printed : Read(u"half.txt"_s)).split('\n').first().toInt();
+    ASSERT_GT(tool, 1) << printed.toStdString();
+    EXPECT_EQ(Leftovers().size(), 1);
+    waited.restart();
+    kill(pid_t(process.processId()), number);
+    ASSERT_TRUE(process.waitForFinished(10000));
+    EXPECT_LT(waited.elapsed(), 6000);
+    EXPECT_EQ(process.exitCode(), 128 + number);
+    EXPECT_FALSE(IsRunning(tool));
+    EXPECT_FALSE(process.readAll().contains("not this"));
+    EXPECT_FALSE(QFile::exists(Host(u"half.txt"_s)));
+    EXPECT_EQ(Leftovers(), QStringList());
+  }
+}
+
+TEST_F(Programs, EndWhenTheConsoleIsKilled) {
+  MakeTool(u"mplex"_s, "echo $$; exec sleep 60\n");
+  Write(u"x.bat"_s, "@mplex\r\n");
+  QProcess process;
+  Start(process, {u"/c"_s, u"x.bat"_s});
+  ASSERT_TRUE(process.waitForReadyRead(10000));
+  const int tool = process.readAll().trimmed().toInt();
+  ASSERT_GT(tool, 1);
+  process.kill();
+  process.waitForFinished();
+  QElapsedTimer waited;
+  waited.start();
+  while (waited.elapsed() < 5000 && IsRunning(tool)) usleep(10000);
+  EXPECT_FALSE(IsRunning(tool));
+}
+
+}  // namespace
+}  // namespace torvane::test
