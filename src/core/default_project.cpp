@@ -150,6 +150,7 @@ void AddDefaultProject(Project& project) {
   if (project.Settings.UseIntro) AddIntro(project);
   AddMenuSubtree(project, {.kind = MenuKind::Main, .key = MainMenuKey()});
   CalculateTotalSize(project);
+  project.History.Reset();
 }
 
 }  // namespace torvane

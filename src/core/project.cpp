@@ -25,16 +25,12 @@ qint64 UsedSlots(const Table& table) {
 void Project::Reset() {
   Settings = UserSettings;
   Tree.Clear();
-  CurrentMenuKey = MainMenuKey();
-  FilmCount = TitleSetCount = CurrentTitleSet = 0;
-  ProjectHasVideos = ProjectNamed = false;
-  ProjectSaved = true;
+  static_cast<ProjectState&>(*this) = {};
+  ProjectNamed = false;
   ProjectFile = DefaultFile(Settings);
-  ProjectAspect.clear();
-  ProjectResH = ProjectResV = 0;
-  ProjectFps = 0;
   MainSubMenuTable.fill({});
   SubMenuTable.fill({});
+  History.Reset();
 }
 
 void CalculateTotalSize(Project& project) {

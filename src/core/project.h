@@ -3,6 +3,7 @@
 #include <QString>
 #include <array>
 
+#include "core/history.h"
 #include "core/keys.h"
 #include "core/project_tree.h"
 #include "core/settings.h"
@@ -19,13 +20,34 @@ struct MenuSlot {
   bool operator==(const MenuSlot&) const = default;
 };
 
-/// An open project: the tree, the settings in force for it and the state beside the tree.
-struct Project {
+/// What stands beside the tree and follows from it or from the menu shown.
+struct ProjectState {
+  QString CurrentMenuKey = MainMenuKey();
+  int FilmCount = 0;
+  int TitleSetCount = 0;
+  int CurrentTitleSet = 0;
+  bool ProjectHasVideos = false;
+
+  /// Video format of the first film, for the format checks of the next one; empty and 0 without films.
+  QString ProjectAspect;
+  int ProjectResH = 0;
+  int ProjectResV = 0;
+  double ProjectFps = 0;
+
+  bool operator==(const ProjectState&) const = default;
+};
+
+/// An open project: the tree, the settings in force for it and the state beside the tree. All of it is changed within
+/// an `Edit` (core/edit.h) only, but for the building of another project, which `History.Reset()` ends.
+struct Project : ProjectState {
   explicit Project(const torvane::Settings& userSettings)
-      : UserSettings(userSettings), Settings(userSettings), ProjectFile(DefaultFile(userSettings)) {}
+      : UserSettings(userSettings), Settings(userSettings), ProjectFile(DefaultFile(userSettings)), History(*this) {}
 
   /// Empties the tree and resets the state; the settings become the user's again.
   void Reset();
+
+  /// True while nothing differs from what was saved, loaded or newly made.
+  bool ProjectSaved() const { return History.IsSaved(); }
 
   /// "\DVDProject.tvn" in the output directory.
   static QString DefaultFile(const torvane::Settings& settings) { return settings.OutDir + u"\\DVDProject.tvn"; }
@@ -34,23 +56,13 @@ struct Project {
   torvane::Settings Settings;      ///< the same, where the project file does not say otherwise
   ProjectTree Tree;
 
-  QString CurrentMenuKey = MainMenuKey();
-  int FilmCount = 0;
-  int TitleSetCount = 0;
-  int CurrentTitleSet = 0;
-  bool ProjectHasVideos = false;
-  bool ProjectSaved = true;
   bool ProjectNamed = false;
   QString ProjectFile;  ///< full DOS path
 
-  /// Video format of the first film, for the format checks of the next one; empty and 0 without films.
-  QString ProjectAspect;
-  int ProjectResH = 0;
-  int ProjectResV = 0;
-  double ProjectFps = 0;
-
   std::array<MenuSlot, kMainSubMenuSlots> MainSubMenuTable;
   std::array<MenuSlot, kSubMenuSlots> SubMenuTable;
+
+  torvane::History History;
 };
 
 /// Recomputes the total size of the project in megabytes from its films, its intro and an allowance for its menus, and

@@ -174,7 +174,7 @@ bool SaveProject(Project& project, Prompter& prompter) {
     prompter.Fail(GetMessage(157) + u"\r\n" + written.Error());
     return false;
   }
-  project.ProjectSaved = true;
+  project.History.MarkSaved();
   return true;
 }
 
@@ -210,7 +210,8 @@ bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
   ReadMenuTable(project.Tree, project.MainSubMenuTable, MainSubMenuKey);
   TellMissingFiles(missing, prompter);
   CalculateTotalSize(project);
-  project.ProjectNamed = project.ProjectSaved = true;
+  project.ProjectNamed = true;
+  project.History.Reset();
   return true;
 }
 

@@ -14,7 +14,7 @@ const ProjectNode* ProjectTree::Add(const NodeData& data, const QString& relativ
 }
 
 const ProjectNode* ProjectTree::Insert(const NodeData& data, Place place) {
-  if (!place.parent || index_.contains(data.Key)) return nullptr;
+  if (!place.parent || data.Key.isEmpty() || index_.contains(data.Key)) return nullptr;
   ProjectNode* node = NewNode();
   node->key_ = data.Key;
   node->caption_ = data.Caption;
@@ -22,14 +22,14 @@ const ProjectNode* ProjectTree::Insert(const NodeData& data, Place place) {
   node->image_ = data.Image;
   Link(node, place);
   index_.insert(data.Key, node);
-  if (!observers_.empty()) Tell({.kind = TreeChange::Added, .key = data.Key});
+  if (!observers_.empty()) Tell({.kind = TreeChange::Added, .key = node->key_});
   return node;
 }
 
 bool ProjectTree::Remove(const QString& key) {
   ProjectNode* node = index_.value(key, nullptr);
   if (!node) return false;
-  TreeChange change{.kind = TreeChange::Removed, .key = key};
+  TreeChange change{.kind = TreeChange::Removed, .key = node->key_};
   if (!observers_.empty()) {
     change.formerParent = ParentKey(node);
     change.formerPrevious = node->previous_ ? node->previous_->key_ : QString();
@@ -53,7 +53,7 @@ bool ProjectTree::Move(const QString& key, const QString& relativeKey, Relation 
   const ProjectNode* newParent = place.parent == &top_ ? nullptr : place.parent;
   if (newParent == node->parent_ && place.previous == node->previous_) return true;
 
-  TreeChange change{.kind = TreeChange::Moved, .key = key};
+  TreeChange change{.kind = TreeChange::Moved, .key = node->key_};
   change.formerParent = ParentKey(node);
   change.formerPrevious = node->previous_ ? node->previous_->key_ : QString();
   Unlink(node);
@@ -66,7 +66,7 @@ bool ProjectTree::SetCaption(const QString& key, const QString& caption) {
   ProjectNode* node = index_.value(key, nullptr);
   if (!node) return false;
   if (node->caption_ == caption) return true;
-  const TreeChange change{.kind = TreeChange::CaptionSet, .key = key, .former = node->caption_};
+  const TreeChange change{.kind = TreeChange::CaptionSet, .key = node->key_, .former = node->caption_};
   node->caption_ = caption;
   Tell(change);
   return true;
@@ -76,7 +76,7 @@ bool ProjectTree::SetTag(const QString& key, const QString& tag) {
   ProjectNode* node = index_.value(key, nullptr);
   if (!node) return false;
   if (node->tag_ == tag) return true;
-  const TreeChange change{.kind = TreeChange::TagSet, .key = key, .former = node->tag_};
+  const TreeChange change{.kind = TreeChange::TagSet, .key = node->key_, .former = node->tag_};
   node->tag_ = tag;
   Tell(change);
   return true;

@@ -93,7 +93,7 @@ class TreeObserver {
 /// The one and only store of a project: nodes with unique keys in stored order, looked up by hash.
 ///
 /// It changes through six primitives: Add, Remove, Move, SetCaption, SetTag, Clear. A primitive that cannot be done
-/// (a key that exists, a relative that does not) answers false or null and changes nothing, and one that would leave
+/// (a key that is empty or exists, a relative that does not) answers false or null and changes nothing, and one that would leave
 /// everything as it is tells no observer.
 class ProjectTree {
  public:

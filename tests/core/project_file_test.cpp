@@ -232,9 +232,9 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheFormerFile) {
   Project project(settings_);
   test::BuildTwoFilms(project);
   project.ProjectFile = u"C:\\nowhere\\x.tvn"_s;
-  project.ProjectSaved = false;
+  project.History.MarkUnsaved();
   EXPECT_FALSE(SaveProject(project, prompter_));
-  EXPECT_FALSE(project.ProjectSaved);
+  EXPECT_FALSE(project.ProjectSaved());
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_TRUE(prompter_.boxes[0].text.startsWith(u"ERROR! File is probably write protected!"));
 

@@ -1,0 +1,223 @@
+#include "core/history.h"
+
+#include <utility>
+
+#include "core/project.h"
+#include "core/project_difference.h"
+
+namespace torvane {
+namespace {
+
+using Side = ProjectDifference::Side;
+
+/// Adds a node behind a sibling, or as first child of a parent ("" is the root level).
+void AddAt(ProjectTree& tree, const NodeData& data, const QString& parent, const QString& previous) {
+  if (!previous.isEmpty()) {
+    tree.Add(data, previous, Relation::Next);
+    return;
+  }
+  const ProjectNode* first = parent.isEmpty() ? tree.FirstRoot() : tree.Find(parent)->FirstChild();
+  if (first) {
+    tree.Add(data, first->Key(), Relation::Previous);
+  } else if (parent.isEmpty()) {
+    tree.Add(data);
+  } else {
+    tree.Add(data, parent, Relation::Child);
+  }
+}
+
+void MoveTo(ProjectTree& tree, const QString& key, const QString& parent, const QString& previous) {
+  if (!previous.isEmpty()) {
+    tree.Move(key, previous, Relation::Next);
+    return;
+  }
+  const ProjectNode* first = parent.isEmpty() ? tree.FirstRoot() : tree.Find(parent)->FirstChild();
+  if (first) {
+    tree.Move(key, first->Key(), Relation::Previous);
+  } else {
+    tree.Move(key, parent, Relation::Child);
+  }
+}
+
+/// Takes one change back; the tree must be as it was right after it.
+void Reverse(ProjectTree& tree, const TreeChange& change) {
+  switch (change.kind) {
+    case TreeChange::Added:
+      tree.Remove(change.key);
+      return;
+    case TreeChange::Removed:
+      AddAt(tree, change.removed.front(), change.formerParent, change.formerPrevious);
+      for (std::size_t i = 1; i < change.removed.size(); ++i) {
+        tree.Add(change.removed[i], change.removedParents[i], Relation::Child);
+      }
+      return;
+    case TreeChange::Moved:
+      MoveTo(tree, change.key, change.formerParent, change.formerPrevious);
+      return;
+    case TreeChange::CaptionSet:
+      tree.SetCaption(change.key, change.former);
+      return;
+    case TreeChange::TagSet:
+      tree.SetTag(change.key, change.former);
+      return;
+    case TreeChange::Cleared:
+      for (std::size_t i = 0; i < change.removed.size(); ++i) {
+        if (change.removedParents[i].isEmpty()) {
+          tree.Add(change.removed[i]);
+        } else {
+          tree.Add(change.removed[i], change.removedParents[i], Relation::Child);
+        }
+      }
+      return;
+  }
+}
+
+/// Takes the changes from the last one to that at `first` back.
+void TakeBack(ProjectTree& tree, const std::vector<TreeChange>& changes, std::size_t first) {
+  for (std::size_t i = changes.size(); i-- > first;) Reverse(tree, changes[i]);
+}
+
+}  // namespace
+
+History::History(Project& project) : project_(project) { project_.Tree.AddObserver(this); }
+
+History::~History() { project_.Tree.RemoveObserver(this); }
+
+QString History::UndoName() const { return CanUndo() ? done_.back().name : QString(); }
+
+QString History::RedoName() const { return CanRedo() ? undone_.back().name : QString(); }
+
+bool History::Undo() {
+  if (!CanUndo()) return false;
+  Revert(done_, undone_);
+  undone_.back().difference->Apply(project_, Side::Before);
+  Tell(HistoryEvent::Undone);
+  return true;
+}
+
+bool History::Redo() {
+  if (!CanRedo()) return false;
+  Revert(undone_, done_);
+  done_.back().difference->Apply(project_, Side::After);
+  Tell(HistoryEvent::Redone);
+  return true;
+}
+
+void History::MarkSaved() {
+  saved_ = done_.size();
+  Tell(HistoryEvent::Saved);
+}
+
+void History::MarkUnsaved() {
+  saved_ = kNever;
+  Tell(HistoryEvent::Changed);
+}
+
+void History::Reset() {
+  ForgetSteps();
+  levels_.clear();
+  changes_.clear();
+  added_.clear();
+  saved_ = 0;
+  Tell(HistoryEvent::Reset);
+}
+
+std::size_t History::Begin(const QString& name) {
+  if (levels_.empty()) name_ = name;
+  levels_.push_back({changes_.size(), std::make_unique<ProjectSnapshot>(project_)});
+  added_.clear();
+  return levels_.size();
+}
+
+void History::Commit(std::size_t depth) {
+  if (depth != levels_.size()) return;
+  const Level level = CloseLevel();
+  if (!levels_.empty()) return;
+  auto difference = std::make_unique<ProjectDifference>(*level.before, project_);
+  if (changes_.empty() && difference->IsEmpty()) return;
+
+  if (saved_ > done_.size()) saved_ = kNever;
+  undone_.clear();
+  changes_.shrink_to_fit();
+  done_.push_back({name_, std::exchange(changes_, {}), std::move(difference)});
+  Tell(HistoryEvent::Committed);
+}
+
+void History::Rollback(std::size_t depth) {
+  if (depth != levels_.size()) return;
+  watch_ = Watch::Nothing;
+  TakeBack(project_.Tree, changes_, levels_.back().mark);
+  watch_ = Watch::Edits;
+  const Level level = CloseLevel();
+  changes_.resize(level.mark);
+  ProjectDifference(*level.before, project_).Apply(project_, Side::Before);
+  if (levels_.empty()) Tell(HistoryEvent::RolledBack);
+}
+
+History::Level History::CloseLevel() {
+  Level level = std::move(levels_.back());
+  levels_.pop_back();
+  added_.clear();
+  return level;
+}
+
+void History::Revert(std::vector<Step>& from, std::vector<Step>& to) {
+  Step step = std::move(from.back());
+  from.pop_back();
+  watch_ = Watch::Reversal;
+  TakeBack(project_.Tree, step.changes, 0);
+  watch_ = Watch::Edits;
+  added_.clear();
+  changes_.shrink_to_fit();
+  step.changes = std::exchange(changes_, {});
+  to.push_back(std::move(step));
+}
+
+void History::TreeChanged(const TreeChange& change) {
+  if (watch_ == Watch::Nothing) return;
+  if (InEdit() || watch_ == Watch::Reversal) {
+    Record(change);
+    return;
+  }
+  const bool told = done_.empty() && undone_.empty() && saved_ == kNever;
+  ForgetSteps();
+  saved_ = kNever;
+  if (!told) Tell(HistoryEvent::Changed);
+}
+
+void History::Record(const TreeChange& change) {
+  const std::size_t mark = InEdit() ? levels_.back().mark : 0;
+  switch (change.kind) {
+    case TreeChange::Added: {
+      // A node below one that this edit added needs no mention: it goes, whatever happens to it, with that one.
+      const ProjectNode* parent = project_.Tree.Find(change.key)->Parent();
+      const bool goesWithParent = parent && added_.contains(parent->Key());
+      added_.insert(change.key);
+      if (goesWithParent) return;
+      break;
+    }
+    case TreeChange::CaptionSet:
+    case TreeChange::TagSet: {
+      if (added_.contains(change.key)) return;
+      const TreeChange* last = changes_.size() > mark ? &changes_.back() : nullptr;
+      if (last && last->kind == change.kind && last->key == change.key) return;
+      break;
+    }
+    case TreeChange::Removed:
+    case TreeChange::Moved:
+    case TreeChange::Cleared:
+      break;
+  }
+  changes_.push_back(change);
+}
+
+void History::ForgetSteps() {
+  done_.clear();
+  undone_.clear();
+}
+
+void History::Tell(HistoryEvent event) const {
+  for (HistoryObserver* observer : observers_) observer->HistoryChanged(event);
+}
+
+}  // namespace torvane
