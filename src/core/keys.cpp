@@ -57,5 +57,12 @@ QString FilmSubtitleFormatKey(int film, int stream) { return u"FP%1SF%2"_s.arg(s
 QString FilmAudioLabel(int stream) { return u"Audio%1="_s.arg(stream); }
 QString FilmSubtitleLabel(int stream) { return u"SubTitel%1="_s.arg(stream); }
 QString FilmSubtitleFormatLabel(int stream) { return u"SubFormatStr%1="_s.arg(stream); }
+QString AudioTitleKey(int film, int title) { return u"FPA%1#%2"_s.arg(film).arg(title, 2, 10, QChar(u'0')); }
+QString AudioTitleLabel(int title) { return u"Title%1="_s.arg(title, 2, 10, QChar(u'0')); }
+QString PlayListsKey(int film) { return u"FP%1P"_s.arg(film); }
+QString PlayListKey(int film, int number) { return u"FP%1P%2"_s.arg(film).arg(number); }
+QString PlayListTag(int film, int number) {
+  return u"%1 %2"_s.arg(film, 2, 10, QChar(u'0')).arg(number, 2, 10, QChar(u'0'));
+}
 
 }  // namespace torvane

@@ -137,6 +137,12 @@ inline constexpr Attribute FontStrikethru{u"FontStrikethru", u"FontStrikethru="}
 inline constexpr Attribute FontUnderline{u"FontUnderline", u"FontUnderline="};
 }  // namespace drawing_node
 
+inline constexpr int kBackButton = 0;    ///< number of a menu's Back button
+inline constexpr int kMaxButtons = 36;   ///< highest number of another button
+inline constexpr int kFirstLabel = 37;   ///< labels share the numbers of the canvas with the buttons
+inline constexpr int kLastLabel = 72;
+inline constexpr int kMaxPictures = 50;  ///< highest number of an image or animation
+
 QString ButtonKey(const QString& menu, int number);           ///< "MMB5"; 0 is the Back button
 QString ButtonPropertiesKey(const QString& menu, int number);  ///< "MMBP5"
 QString LabelKey(const QString& menu, int index);              ///< "MML37", index 37 to 72
@@ -179,10 +185,43 @@ inline constexpr Attribute PostAction{u"FPPostAct", u"Post Action="};
 inline constexpr Attribute UOP{u"FPUOP", u"UOP="};
 inline constexpr Attribute AudioTitles{u"FPA", u"AudioTitles="};
 inline constexpr Attribute AudioLayout{u"FPAL", u"AudioTSLayout"};
+inline constexpr Attribute AuthorFont{u"FPALAFont", u"AuthorTextFont="};
+inline constexpr Attribute AuthorColor{u"FPALAColor", u"AuthorTextColor="};
+inline constexpr Attribute AuthorXPos{u"FPALAXPos", u"AuthorTextXPos="};
+inline constexpr Attribute AuthorYPos{u"FPALAYPos", u"AuthorTextYPos="};
+inline constexpr Attribute AlbumFont{u"FPALBFont", u"AlbumTextFont="};
+inline constexpr Attribute AlbumColor{u"FPALBColor", u"AlbumTextColor="};
+inline constexpr Attribute AlbumXPos{u"FPALBXPos", u"AlbumTextXPos="};
+inline constexpr Attribute AlbumYPos{u"FPALBYPos", u"AlbumTextYPos="};
+inline constexpr Attribute TitleFont{u"FPALTFont", u"TitleTextFont="};
+inline constexpr Attribute TitleColor{u"FPALTColor", u"TitleTextColor="};
+inline constexpr Attribute TitleXPos{u"FPALTXPos", u"TitleTextXPos="};
+inline constexpr Attribute TitleYPos{u"FPALTYPos", u"TitleTextYPos="};
+inline constexpr Attribute AudioBlur{u"FPALBlur", u"UseBlur="};
+inline constexpr Attribute AudioBlurX{u"FPALBlurX", u"BlurX="};
+inline constexpr Attribute AudioBlurY{u"FPALBlurY", u"BlurY="};
 }  // namespace film_node
+
+/// Attributes below a title of an audio titleset; the key is the title's key and the suffix.
+namespace audio_title_node {
+inline constexpr Attribute File{u"FILE", u"File="};
+inline constexpr Attribute Artist{u"ARTIST", u"Artist="};
+inline constexpr Attribute Album{u"ALBUM", u"Album="};
+inline constexpr Attribute Image{u"IMAGE", u"Image="};
+inline constexpr Attribute Size{u"SIZE", u"Size="};
+}  // namespace audio_title_node
+
+/// Attributes below a playlist; the key is the playlist's key and the suffix.
+namespace playlist_node {
+inline constexpr Attribute List{u"List", u"Play="};
+inline constexpr Attribute PreAction{u"PreAct", u"Pre Action="};
+inline constexpr Attribute PostAction{u"PostAct", u"Post Action="};
+inline constexpr Attribute UOP{u"UOP", u"UOP="};
+}  // namespace playlist_node
 
 inline constexpr QStringView kAudioTitleSetMark = u"(AudioTitleSet)";  ///< ends the caption of such a film's root
 inline constexpr int kMaxFilms = 98;
+inline constexpr int kMaxAudioTitles = 96;  ///< of one audio titleset
 inline constexpr int kFilmStreams = 3;  ///< audio and subtitle streams a film can have, each
 
 QString FilmNodeKey(Attribute attribute, int film);  ///< "FPVResH3"
@@ -193,5 +232,10 @@ QString FilmSubtitleFormatKey(int film, int stream);  ///< "FP1SF3"
 QString FilmAudioLabel(int stream);                  ///< "Audio1="
 QString FilmSubtitleLabel(int stream);               ///< "SubTitel1="
 QString FilmSubtitleFormatLabel(int stream);         ///< "SubFormatStr1="
+QString AudioTitleKey(int film, int title);          ///< "FPA3#01", title 1 to 96
+QString AudioTitleLabel(int title);                  ///< "Title01="
+QString PlayListsKey(int film);                      ///< "FP3P": the group
+QString PlayListKey(int film, int number);           ///< "FP3P2"
+QString PlayListTag(int film, int number);           ///< "03 02": tag of a playlist and of its button's text
 
 }  // namespace torvane
