@@ -95,14 +95,16 @@ ActionTarget TypedTarget(const Project& project, int titleSet, QStringView entry
     QStringView name;
   };
   constexpr Entry kEntries[] = {
-      {u"ptt", u"Chapter(ptt)", u"Chapter menu"},      {u"PTT_Menu", u"Chapter(ptt)", u"Chapter menu"},
-      {u"audio", u"Audio", u"Audio menu"},             {u"AudioMenu", u"Audio", u"Audio menu"},
-      {u"subtitle", u"Subtitle", u"Sub-picture menu"}, {u"Sub-pictureMenu", u"Subtitle", u"Sub-picture menu"},
+      {u"ptt", u"Chapter(ptt)", u"Chapter menu"},
+      {u"PTT_Menu", u"Chapter(ptt)", u"Chapter menu"},
+      {u"audio", u"Audio", u"Audio menu"},
+      {u"AudioMenu", u"Audio", u"Audio menu"},
+      {u"subtitle", u"Subtitle", u"Sub-picture menu"},
+      {u"Sub-pictureMenu", u"Subtitle", u"Sub-picture menu"},
   };
   for (const auto& [word, type, name] : kEntries) {
     if (word != entry) continue;
-    return Existing(project, SubMenuOfType(project, titleSet, type),
-                    u"TitleSet%1 Submenu: "_s.arg(titleSet) + name);
+    return Existing(project, SubMenuOfType(project, titleSet, type), u"TitleSet%1 Submenu: "_s.arg(titleSet) + name);
   }
   return TitleSetTarget(project, titleSet, 1);
 }
@@ -121,7 +123,8 @@ std::optional<ActionTarget> DvdauthorTarget(const Project& project, const QStrin
   if (const auto match = titleSet.match(action); match.hasMatch()) {
     return TypedTarget(project, match.captured(1).toInt(), match.captured(2));
   }
-  if (const auto match = vmgm.match(action); match.hasMatch()) return MainMenuTarget(project, match.captured(1).toInt());
+  if (const auto match = vmgm.match(action); match.hasMatch())
+    return MainMenuTarget(project, match.captured(1).toInt());
   if (const auto match = sameDomain.match(action); match.hasMatch()) {
     const int number = match.captured(1).toInt();
     if (IsMainMenuFamily(menu)) return MainMenuTarget(project, number);
@@ -212,9 +215,9 @@ QString BackAction(const Project& project, const QString& previous) {
 }
 
 QString SubMenuPreCommand(bool mainFamily, const Settings& settings) {
-  return ActionText(mainFamily && !settings.NoTitleSets ? GeneratedAction::PreOfMainSubMenu
-                                                        : GeneratedAction::PreOfSubMenu,
-                    {}, settings);
+  return ActionText(
+      mainFamily && !settings.NoTitleSets ? GeneratedAction::PreOfMainSubMenu : GeneratedAction::PreOfSubMenu, {},
+      settings);
 }
 
 std::optional<ActionTarget> FindActionTarget(const Project& project, const QString& menu, const QString& action) {

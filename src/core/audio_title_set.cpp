@@ -44,12 +44,11 @@ void WriteTitles(ProjectTree& tree, int film, const std::vector<AudioTitle>& tit
   for (int i = 1; i <= kMaxAudioTitles && i <= int(titles.size()); ++i) {
     const AudioTitle& title = titles[i - 1];
     const QString key = AudioTitleKey(film, i);
-    WriteChildren(tree, key,
-                  {TitleNode(key, audio_title_node::File, title.File),
-                   TitleNode(key, audio_title_node::Artist, title.Artist),
-                   TitleNode(key, audio_title_node::Album, title.Album),
-                   TitleNode(key, audio_title_node::Image, title.Image),
-                   TitleNode(key, audio_title_node::Size, QString::number(title.Size))});
+    WriteChildren(
+        tree, key,
+        {TitleNode(key, audio_title_node::File, title.File), TitleNode(key, audio_title_node::Artist, title.Artist),
+         TitleNode(key, audio_title_node::Album, title.Album), TitleNode(key, audio_title_node::Image, title.Image),
+         TitleNode(key, audio_title_node::Size, QString::number(title.Size))});
   }
 }
 

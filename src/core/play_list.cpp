@@ -25,7 +25,8 @@ void AddPlayListNode(ProjectTree& tree, const PlayList& playList) {
     tree.Add({group, u"PlayLists"_s}, FilmNodeKey(film_node::Name, playList.Film), Relation::Child);
   }
   const QString key = PlayListKey(playList.Film, playList.Number);
-  const NodeData head{key, u"PlayList%1"_s.arg(playList.Number), PlayListTag(playList.Film, playList.Number), kHeadNode};
+  const NodeData head{key, u"PlayList%1"_s.arg(playList.Number), PlayListTag(playList.Film, playList.Number),
+                      kHeadNode};
   if (!tree.Contains(key)) {
     const ProjectNode* next = tree.Find(group)->FirstChild();
     while (next && NumberOf(*next, playList.Film) < playList.Number) next = next->Next();
@@ -41,10 +42,10 @@ void AddPlayListNode(ProjectTree& tree, const PlayList& playList) {
   const auto optional = [&node](Attribute attribute, const QString& value) {
     return node(attribute, value, {}, !value.isEmpty());
   };
-  WriteChildren(tree, key,
-                {node(playlist_node::List, playList.List, u"0"_s, true),
-                 optional(playlist_node::PreAction, playList.PreAction),
-                 optional(playlist_node::PostAction, playList.PostAction), optional(playlist_node::UOP, playList.UOP)});
+  WriteChildren(
+      tree, key,
+      {node(playlist_node::List, playList.List, u"0"_s, true), optional(playlist_node::PreAction, playList.PreAction),
+       optional(playlist_node::PostAction, playList.PostAction), optional(playlist_node::UOP, playList.UOP)});
 }
 
 PlayList ReadPlayList(const ProjectTree& tree, const QString& key) {

@@ -9,8 +9,8 @@ namespace torvane {
 /// A playlist of a film: chosen chapters, or titles of an audio titleset, in an order of the user's.
 struct PlayList {
   int Film = 0;
-  int Number = 0;   ///< among the film's playlists, from 1
-  QString List;     ///< numbers in two digits, separated by a comma and a blank: "03, 01, 02"
+  int Number = 0;  ///< among the film's playlists, from 1
+  QString List;    ///< numbers in two digits, separated by a comma and a blank: "03, 01, 02"
   QString PreAction = {};
   QString PostAction = {};
   QString UOP = {};  ///< hexadecimal mask of prohibited user operations
