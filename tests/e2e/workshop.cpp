@@ -1,0 +1,145 @@
+#include "workshop.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane::test {
+namespace {
+
+/// Far more than any command of these tests needs on a slow and busy machine.
+constexpr int commandLimitMs = 300'000;
+
+const QString programs = QStringLiteral(TORVANE_BIN_DIR);
+const QString samples = QStringLiteral(TORVANE_SAMPLES_DIR);
+const QString shared = QStringLiteral(TORVANE_E2E_DIR);
+
+/// The directory with the media of a norm, made on first use by whichever test comes first.
+QString MediaDir(Norm norm) {
+  const QString name = norm == Norm::Pal ? u"pal"_s : u"ntsc"_s;
+  const QString dir = shared + u"/media-"_s + name;
+  QProcess script;
+  script.setProcessChannelMode(QProcess::MergedChannels);
+  script.start(samples + u"/make-media.sh"_s, {dir, name});
+  EXPECT_TRUE(script.waitForFinished(commandLimitMs) && script.exitCode() == 0) << script.readAll().toStdString();
+  return dir;
+}
+
+CliResult Finish(QProcess& process) {
+  CliResult result;
+  if (process.waitForFinished(commandLimitMs) && process.exitStatus() == QProcess::NormalExit) {
+    result.exitCode = process.exitCode();
+  } else {
+    ADD_FAILURE() << "torvane-cli did not end: " << process.errorString().toStdString();
+    process.kill();
+    process.waitForFinished();
+  }
+  result.output = process.readAllStandardOutput();
+  result.messages = process.readAllStandardError();
+  return result;
+}
+
+}  // namespace
+
+QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString() << ": " << file.errorString().toStdString();
+  return file.readAll();
+}
+
+Workshop::Workshop(Norm norm, const QString& folder, const QString& outName, const QString& tempName)
+    : project(ContentOf(samples + u"/sample.tvn"_s)), root_((QDir().mkpath(shared), shared + u"/run-XXXXXX"_s)) {
+  dir_ = root_.path() + u'/' + folder;
+  outDir_ = dir_ + u'/' + outName;
+  tempDir_ = dir_ + u'/' + tempName;
+  isoDir_ = dir_;
+  EXPECT_TRUE(QDir().mkpath(outDir_) && QDir().mkpath(tempDir_));
+  const QDir media(MediaDir(norm));
+  for (const QString& name : media.entryList(QDir::Files)) {
+    EXPECT_TRUE(QFile::link(media.filePath(name), dir_ + u'/' + name));
+  }
+  if (norm == Norm::Ntsc) project.MakeNtsc();
+}
+
+void Workshop::RemoveMedia(const QString& name) {
+  EXPECT_TRUE(QFile::remove(dir_ + u'/' + name));
+}
+
+void Workshop::ReplaceMedia(const QString& name, const QByteArray& content) {
+  RemoveMedia(name);
+  QFile file(dir_ + u'/' + name);
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+}
+
+void Workshop::RenameMedia(const QString& name, const QString& newName, const QString& key) {
+  EXPECT_TRUE(QFile::rename(dir_ + u'/' + name, dir_ + u'/' + newName));
+  project.SetValue(key, u"C:\\Torvane\\Sample\\"_s + newName);
+}
+
+void Workshop::WriteProject() {
+  if (QFile::exists(ProjectFile())) return;
+  QFile file(ProjectFile());
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(project.Text()) == project.Text().size());
+}
+
+QStringList Workshop::Options(const QString& assume) const {
+  return {u"--profile"_s, root_.path() + u"/profile"_s,
+          u"--assume"_s,  assume,
+          u"--set"_s,     u"OutDir="_s + outDir_,
+          u"--set"_s,     u"TempDir="_s + tempDir_,
+          u"--set"_s,     u"ISOPath="_s + isoDir_,
+          u"--set"_s,     u"ISO_Name=SAMPLE"_s,
+          u"--set"_s,     u"CreateISO=1"_s};
+}
+
+CliResult Workshop::Run(const QString& command, const QStringList& arguments, const QString& assume) {
+  WriteProject();
+  QProcess process;
+  process.setStandardInputFile(QProcess::nullDevice());
+  process.start(programs + u"/torvane-cli"_s, Options(assume) + QStringList{command, ProjectFile()} + arguments);
+  return Finish(process);
+}
+
+CliResult Workshop::RunPlain(const QString& command, const QStringList& arguments) {
+  QProcess process;
+  process.setStandardInputFile(QProcess::nullDevice());
+  process.start(programs + u"/torvane-cli"_s, Options(u"yes"_s) + QStringList{command} + arguments);
+  return Finish(process);
+}
+
+std::unique_ptr<QProcess> Workshop::Start(const QString& command) {
+  WriteProject();
+  auto process = std::make_unique<QProcess>();
+  process->setStandardInputFile(QProcess::nullDevice());
+  process->start(programs + u"/torvane-cli"_s, Options(u"yes"_s) + QStringList{command, ProjectFile()});
+  EXPECT_TRUE(process->waitForStarted(commandLimitMs));
+  return process;
+}
+
+bool Workshop::ProjectIsUntouched() const {
+  return ContentOf(ProjectFile()) == project.Text();
+}
+
+QByteArray Workshop::Log() const {
+  QFile file(outDir_ + u"/TorvaneAuthor.log"_s);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+std::vector<std::array<int, 4>> Workshop::SpuRectangles(const QString& menu) const {
+  static const QRegularExpression button(
+      u"<button name=\"[^\"]*\" x0=\"(\\d+)\" y0=\"(\\d+)\" x1=\"(\\d+)\" y1=\"(\\d+)\""_s);
+  std::vector<std::array<int, 4>> rectangles;
+  const QString text = QString::fromUtf8(ContentOf(tempDir_ + u'/' + menu + u"Spu.xml"_s));
+  for (const QRegularExpressionMatch& match : button.globalMatch(text)) {
+    std::array<int, 4> rectangle{};
+    for (int i = 0; i < 4; ++i) rectangle[std::size_t(i)] = match.captured(i + 1).toInt();
+    rectangles.push_back(rectangle);
+  }
+  return rectangles;
+}
+
+}  // namespace torvane::test
