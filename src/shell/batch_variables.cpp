@@ -18,7 +18,7 @@ QString WithoutQuotes(QString text) {
 
 /// %~[fdpnx]n of an argument: the parts of its full path, in the order drive, path, name, ending.
 QString ArgumentPart(const QString& argument, const QString& parts) {
-  const QString bare = WithoutQuotes(argument);
+  QString bare = WithoutQuotes(argument);
   if (parts.isEmpty() || bare.isEmpty()) return bare;
   QString full = HostFiles::HasDrive(bare) ? bare : HostFiles::ToDos(QDir::currentPath()) + u'\\' + bare;
   full.replace(u'/', u'\\');

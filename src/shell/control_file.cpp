@@ -64,7 +64,7 @@ QString ControlFile::StatedVideoFormat() const {
     if (!IsTag(piece, u"video"_s)) continue;
     for (const LooseAttribute& attribute : piece.attributes) {
       if (attribute.name != u"format") continue;
-      const QString format = attribute.value.trimmed().toUpper();
+      QString format = attribute.value.trimmed().toUpper();
       if (format == u"PAL" || format == u"NTSC") return format;
     }
   }
@@ -80,6 +80,22 @@ QStringList ControlFile::Films() const {
     }
   }
   return films;
+}
+
+QStringList ControlFile::Commands() const {
+  QStringList commands;
+  QString text;
+  bool inside = false;
+  for (const LoosePiece& piece : pieces_) {
+    if (piece.kind == LoosePiece::Kind::Text && inside) text += piece.text;
+    const bool ends = inside && piece.kind == LoosePiece::Kind::CloseTag;
+    if (ends && !text.trimmed().isEmpty()) commands << text;
+    if (ends || piece.kind == LoosePiece::Kind::OpenTag) {
+      inside = !ends && HoldsCommands(piece.name);
+      text.clear();
+    }
+  }
+  return commands;
 }
 
 void ControlFile::MapAuthorPaths(const PathMapper& map) {

@@ -30,6 +30,9 @@ class ControlFile {
   /// DOS paths of the films, in order.
   QStringList Films() const;
 
+  /// The texts of all elements that hold commands, in order, as they stand; blank ones are left out.
+  QStringList Commands() const;
+
   /// Maps what dvdauthor opens: `dest`, the file of a `vob`, a `palette`.
   void MapAuthorPaths(const PathMapper& map);
 

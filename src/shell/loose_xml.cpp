@@ -9,11 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-bool IsCommandElement(const QString& name) {
-  static const QSet<QString> kNames{u"pre"_s, u"post"_s, u"button"_s, u"fpc"_s, u"cell"_s};
-  return kNames.contains(name);
-}
-
 bool IsControlElement(const QString& name) {
   static const QSet<QString> kNames{u"dvdauthor"_s, u"vmgm"_s,  u"titleset"_s,   u"menus"_s,       u"titles"_s,
                                     u"video"_s,     u"audio"_s, u"subpicture"_s, u"stream"_s,      u"pgc"_s,
@@ -130,7 +125,7 @@ class LooseParser {
                    : empty ? LoosePiece::Kind::EmptyTag
                            : LoosePiece::Kind::OpenTag;
         tag.tail = space;
-        command_ = tag.kind == LoosePiece::Kind::OpenTag && IsCommandElement(tag.name) ? tag.name : QString();
+        command_ = tag.kind == LoosePiece::Kind::OpenTag && HoldsCommands(tag.name) ? tag.name : QString();
         Add(tag, at + (empty ? 2 : 1));
         return true;
       }
@@ -249,6 +244,11 @@ QString MendedComment(QString text) {
 }
 
 }  // namespace
+
+bool HoldsCommands(const QString& elementName) {
+  static const QSet<QString> kNames{u"pre"_s, u"post"_s, u"button"_s, u"fpc"_s, u"cell"_s};
+  return kNames.contains(elementName);
+}
 
 QList<LoosePiece> ParseLooseXml(const QString& text) {
   return LooseParser(text).Run();

@@ -38,6 +38,9 @@ QList<LoosePiece> ParseLooseXml(const QString& text);
 /// come out in small letters, and so do the names of their attributes. An entity such as "&lt;" stays one.
 QString ToWellFormed(const QList<LoosePiece>& pieces);
 
+/// True for an element that holds commands of the player's language.
+bool HoldsCommands(const QString& elementName);
+
 /// Turns the five named entities and character numbers of a value into what they stand for.
 QString DecodeEntities(const QString& value);
 

@@ -1,5 +1,6 @@
 #include "shell/shell.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -29,6 +30,12 @@ Shell::Shell(const Streams& streams) : streams_(streams), console_(streams.out) 
     if (name == u"ERRORLEVEL") return QString::number(errorLevel_);
     return std::nullopt;
   };
+}
+
+bool Shell::IsExiting() const {
+  pollfd reader{console_, 0, 0};
+  const bool unread = poll(&reader, 1, 0) > 0 && (reader.revents & POLLERR) != 0;
+  return exiting_ || unread || StopSignal() != 0;
 }
 
 void Shell::RunLine(const QString& line) {

@@ -35,8 +35,8 @@ class Shell {
   /// Reads lines from the input until its end or EXIT and runs them, with a prompt behind each.
   void RunInteractively();
 
-  /// True after EXIT, or when a signal asks to stop.
-  bool IsExiting() const { return exiting_ || StopSignal() != 0; }
+  /// True after EXIT, when a signal asks to stop, or when nobody reads the console's pipe any more.
+  bool IsExiting() const;
 
   /// ERRORLEVEL: 0, or the status of what failed last; 9009 for a program that is missing.
   int ErrorLevel() const { return errorLevel_; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
 
 #include "platform/result.h"
@@ -14,5 +15,14 @@ namespace torvane {
 ///
 /// `videoFormat` is "PAL" or "NTSC". Fails when the stand-ins cannot be made, with the reason.
 Status UseStandIns(ControlFile& author, const QString& videoFormat, const QString& folder);
+
+/// A control file that holds nothing but the commands of another, each in a menu of its own. dvdauthor reads it to the
+/// end, or to the first command that it cannot parse, before it judges any jump: what one titleset jumps to keeps no
+/// fault of a later one from being found.
+ControlFile CommandsAlone(const ControlFile& author, const QString& folder);
+
+/// True when dvdauthor cannot parse a command of this file. `environment` is what its run will have.
+bool HasParseError(const ControlFile& commands, const QString& dvdauthor, const QMap<QString, QString>& environment,
+                   const QString& folder);
 
 }  // namespace torvane

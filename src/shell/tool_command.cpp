@@ -87,14 +87,14 @@ class CommandMaker {
 
   /// The path as the program is given it. Wine knows drive Z only.
   QString Map(const QString& dosPath) {
-    const QString host = HostFiles::ToHost(dosPath);
+    QString host = HostFiles::ToHost(dosPath);
     if (wine_) return HostFiles::ToDos(QDir::current().absoluteFilePath(host));
     return host;
   }
 
   /// The same for a path in a control file. There dvdauthor takes a name that ends in "|" for a command.
   QString MapInside(const QString& dosPath) {
-    const QString mapped = Map(dosPath);
+    QString mapped = Map(dosPath);
     if (!mapped.endsWith(u'|')) return mapped;
     const Result<QString> folder = folder_.Path();
     if (!folder) return mapped + u'/';
@@ -152,26 +152,41 @@ class CommandMaker {
     const Result<QString> folder = folder_.Path();
     if (!folder) return Failure{folder.Error()};
     ControlFile file(*bytes);
-    const PathMapper map = [this](const QString& path) { return MapInside(path); };
     QString format = file.StatedVideoFormat();
     if (tool_->controlFile == ToolEntry::ControlFile::Dvdauthor) {
       for (const QString& film : format.isEmpty() ? file.Films() : QStringList()) {
         format = VideoNormOf(HostFiles::ToHost(film));
         if (!format.isEmpty()) break;
       }
-      if (kind_ == RunKind::SyntaxCheck) {
-        if (format.isEmpty()) format = u"PAL"_s;
-        if (const Status made = UseStandIns(file, format, *folder); !made) return made;
-      }
-      file.MapAuthorPaths(map);
-    } else {
-      command_.addsSubpictures = true;
-      command_.stage.watched = true;
-      if (format.isEmpty()) format = VideoNormOf(input_);
-      file.MapSpumuxPaths(map);
+      if (format.isEmpty() && kind_ == RunKind::SyntaxCheck) format = u"PAL"_s;
+    } else if (format.isEmpty()) {
+      format = VideoNormOf(input_);
     }
     if (!format.isEmpty()) command_.stage.environment[u"VIDEO_FORMAT"_s] = format;
+
+    const PathMapper map = [this](const QString& path) { return MapInside(path); };
+    if (tool_->controlFile == ToolEntry::ControlFile::Spumux) {
+      command_.addsSubpictures = true;
+      command_.stage.watched = true;
+      file.MapSpumuxPaths(map);
+    } else {
+      if (kind_ == RunKind::SyntaxCheck) {
+        if (Status reduced = ReduceToCheck(file, format, *folder); !reduced) return reduced;
+      }
+      file.MapAuthorPaths(map);
+    }
     return WriteCopy(*folder, file.ToBytes());
+  }
+
+  /// A command that cannot be parsed is told by itself; without one the whole is checked as far as it goes without
+  /// films.
+  Status ReduceToCheck(ControlFile& file, const QString& format, const QString& folder) const {
+    ControlFile commands = CommandsAlone(file, folder);
+    if (!wine_ && HasParseError(commands, command_.stage.program, command_.stage.environment, folder)) {
+      file = commands;
+      return {};
+    }
+    return UseStandIns(file, format, folder);
   }
 
   Status WriteCopy(const QString& folder, const QByteArray& bytes) {

@@ -8,7 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 
 QString VideoNormOf(const QString& hostPath) {
-  constexpr qint64 kSearched = 4 * 1048576;
+  constexpr qint64 kSearched = 4LL * 1048576;
   QFile file(hostPath);
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray bytes = file.read(kSearched);

@@ -102,6 +102,13 @@ TEST(ControlFile, KnowsTheStatedVideoFormat) {
   EXPECT_EQ(ControlFile("<video format=\"secam\"/>").StatedVideoFormat(), QString());
 }
 
+TEST(ControlFile, GathersTheCommands) {
+  EXPECT_EQ(ControlFile("<fpc> jump title 3; </fpc><pgc>text<pre>a<b<!-- c -->d</pre><pre> </pre>"
+                        "<vob/><button name=\"x\">e&amp;f</button><POST>g</POST></pgc>")
+                .Commands(),
+            (QStringList{u" jump title 3; "_s, u"a<bd"_s, u"e&amp;f"_s, u"g"_s}));
+}
+
 /// Any mixture of the characters that matter comes out as text that an XML reader takes, as long as the tags match.
 TEST(ControlFile, NoTextOrValueBreaksTheFile) {
   const QString signs = u"<>&\"'-!?/=; \r\n#xa]["_s;

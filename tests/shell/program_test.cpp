@@ -68,8 +68,8 @@ TEST_F(Programs, TellHowTheyFailed) {
   const std::vector<Case> cases{
       {"probe out half status 3\r\necho next %ERRORLEVEL%\r\n",
        "half\r\n*ERROR: shell_probe ended with status 3\r\nnext 3\r\n"},
-      {"probe signal 11\r\necho next %ERRORLEVEL%\r\n",
-       "\r\n*ERROR: shell_probe was ended by signal 11 (Segmentation fault)\r\nnext 139\r\n"},
+      {"probe signal 9\r\necho next %ERRORLEVEL%\r\n",
+       "\r\n*ERROR: shell_probe was ended by signal 9 (Killed)\r\nnext 137\r\n"},
       {"probe fill | probe close status 4\r\n", "\r\n*ERROR: shell_probe ended with status 4\r\n"},
       {"probe fill | probe close\r\necho well %ERRORLEVEL%\r\n", "well 0\r\n"},
       {"probe status 5 | probe cat\r\necho level %ERRORLEVEL%\r\n",
@@ -192,6 +192,16 @@ TEST_F(Programs, EndWhenTheConsoleIsKilled) {
   waited.start();
   while (waited.elapsed() < 5000 && IsRunning(tool)) usleep(10000);
   EXPECT_FALSE(IsRunning(tool));
+}
+
+TEST_F(Programs, EndWhenNobodyReadsTheConsole) {
+  Write(u"x.bat"_s, "@echo off\r\n" + Probe() + " fill\r\n:again\r\necho again\r\ngoto again\r\n");
+  QProcess process;
+  process.setProcessEnvironment(environment_);
+  process.setWorkingDirectory(Host({}));
+  process.start(u"/bin/sh"_s, {u"-c"_s, QStringLiteral(TORVANE_BIN_DIR "/torvane-cmd /c x.bat | head -c 1")});
+  EXPECT_TRUE(process.waitForFinished(10000));
+  EXPECT_EQ(process.readAll(), "x");
 }
 
 }  // namespace

@@ -212,6 +212,14 @@ TEST_F(RealTools, TheSyntaxCheckFindsFaultsInAnyCommandAndTouchesNoDisc) {
   WriteAuthor(u"jump title 2;"_s, u"jump chapter 4;"_s, u"exit;"_s, u"nofilm"_s);
   EXPECT_TRUE(Contains(check(), "ERR:  Cannot jump to chapter 4, only 3 exist"));
 
+  // Nor does a jump that leads nowhere hide what stands behind it.
+  WriteAuthor(u"jump title 2;"_s, u"jump chapter 4;"_s, u"exit;"_s, u"nofilm"_s);
+  WriteText(u"Author.xml"_s, QString::fromUtf8(Read(u"Süße [1] & 100% 'x'/Author.xml"_s))
+                                 .replace(u"</dvdauthor>"_s,
+                                          u"<titleset><menus><pgc><pre>jum menu 1;</pre></pgc></menus><titles>"
+                                          "<pgc><vob file=\"C:\\none.mpg\"/></pgc></titles></titleset></dvdauthor>"_s));
+  EXPECT_TRUE(Contains(check(), "ERR:  Parse error 'syntax error' on token 'menu'"));
+
   // In a second titleset, of a project without menus, in a norm that is told nowhere.
   WriteText(
       u"Author.xml"_s,
