@@ -42,7 +42,7 @@ struct FileArguments {
       if (!word.quoted && word.text.startsWith(u'/')) {
         switches += word.text.mid(1, 1).toUpper();
       } else {
-        paths << word.text;
+        paths << ResolveDosPath(word.text);
       }
     }
   }
@@ -76,6 +76,9 @@ int Erase(const BuiltinCall& call) {
   int level = 0;
   for (const QString& named : arguments.paths) {
     const QString path = HostFiles::DirExists(named) ? named + u"\\*"_s : named;
+    if (HasWildcard(path) && LiesInMachineRoot(path)) {
+      return Fail(call, u"*ERROR: erase takes no wildcard in the root of this machine"_s);
+    }
     const QStringList files = FilesOf(path);
     if (files.isEmpty()) PrintText(call.streams.err, u"Could Not Find %1\n"_s.arg(named));
     for (const QString& file : files) {
@@ -111,6 +114,9 @@ int RemoveDirectory(const BuiltinCall& call) {
       level = Fail(call, u"The system cannot find the file specified."_s);
     } else if (arguments.Has(u'S') && arguments.Has(u'Q')) {
       const QFileInfo info(HostFiles::ToHost(path));
+      if (info.canonicalFilePath() == u"/" || LiesInMachineRoot(path)) {
+        return Fail(call, u"*ERROR: rmdir /S does not work in the root of this machine"_s);
+      }
       const bool removed =
           info.isSymLink() ? QFile::remove(info.filePath()) : QDir(info.filePath()).removeRecursively();
       if (!removed) level = Fail(call, path + u"\nAccess is denied."_s);
@@ -184,7 +190,7 @@ int Attributes(const BuiltinCall& call) {
       continue;
     }
     if (!word.quoted && word.text.startsWith(u'/')) continue;
-    const QStringList files = FilesOf(word.text);
+    const QStringList files = FilesOf(ResolveDosPath(word.text));
     if (files.isEmpty()) level = Fail(call, u"File not found - %1"_s.arg(word.text));
     for (const QString& file : files) {
       const QByteArray host = QFile::encodeName(HostFiles::ToHost(file));
@@ -226,7 +232,7 @@ int ChangeDirectory(const BuiltinCall& call) {
     PrintText(call.streams.out, CurrentDosDirectory() + u'\n');
     return 0;
   }
-  if (QDir::setCurrent(HostFiles::ToHost(path))) return 0;
+  if (QDir::setCurrent(HostFiles::ToHost(ResolveDosPath(path)))) return 0;
   return Fail(call, u"The system cannot find the path specified."_s);
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/host_files.h"
 #include "shell/command_parser.h"
+#include "shell/current_directory.h"
 #include "shell/dos_wildcard.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -52,7 +53,7 @@ class ConditionReader {
 };
 
 bool Exists(QString path) {
-  path.remove(u'"');
+  path = ResolveDosPath(path.remove(u'"'));
   if (path.endsWith(u"\\nul", Qt::CaseInsensitive)) return HostFiles::DirExists(path.chopped(4));
   return HostFiles::DirExists(path) || !FilesOf(path).isEmpty();
 }

@@ -3,6 +3,7 @@
 #include "platform/host_files.h"
 #include "shell/builtin_commands.h"
 #include "shell/command_parser.h"
+#include "shell/current_directory.h"
 #include "shell/tool_table.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,6 +22,9 @@ bool HasBatchEnding(const QString& name) {
 }  // namespace
 
 std::optional<NamedCommand> LanguageCommand(const QString& text) {
+  // A drive alone makes its root the current directory.
+  const QString trimmed = text.trimmed();
+  if (trimmed.size() == 2 && HostFiles::HasDrive(trimmed)) return NamedCommand{u"cd"_s, trimmed + u'\\'};
   qsizetype end = 0;
   while (end < text.size() && text[end].isLetter()) ++end;
   const QString name = text.left(end).toLower();
@@ -61,7 +65,7 @@ QStringList BatchArguments(const QString& text) {
 std::optional<QString> BatchOf(const QString& word) {
   if (HasBatchEnding(word)) return word;
   for (const QString& ending : {u".bat"_s, u".cmd"_s}) {
-    if (!FindTool(word) && HostFiles::FileExists(word + ending)) return word + ending;
+    if (!FindTool(word) && HostFiles::FileExists(ResolveDosPath(word + ending))) return word + ending;
   }
   return std::nullopt;
 }

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "platform/host_files.h"
+#include "shell/current_directory.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -33,7 +34,7 @@ RedirectedStreams OpenRedirections(const QList<Redirection>& redirections, const
       continue;
     }
     const bool nothing = redirection.target.compare(u"nul", Qt::CaseInsensitive) == 0;
-    const QString host = nothing ? u"/dev/null"_s : HostFiles::ToHost(redirection.target);
+    const QString host = nothing ? u"/dev/null"_s : HostFiles::ToHost(ResolveDosPath(redirection.target));
     OwnedFd file(open(QFile::encodeName(host).constData(), OpenFlags(redirection.kind) | O_CLOEXEC, 0666));
     if (!file) {
       opened.error = u"%1: %2"_s.arg(host, QString::fromLocal8Bit(std::strerror(errno)));

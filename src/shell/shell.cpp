@@ -251,7 +251,7 @@ void Shell::Exit(const QString& rest) {
 }
 
 void Shell::StartBatch(const QString& path, const QStringList& arguments) {
-  const Result<BatchScript> script = LoadBatchScript(path);
+  const Result<BatchScript> script = LoadBatchScript(ResolveDosPath(path));
   if (!script) {
     errorLevel_ = 1;
     Report(u"the batch cannot be read: "_s + script.Error());

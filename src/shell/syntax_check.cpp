@@ -21,7 +21,8 @@ QByteArray BlackFrame(bool pal) {
   const int height = pal ? 288 : 240;
   const QByteArray header = "YUV4MPEG2 W" + QByteArray::number(kWidth) + " H" + QByteArray::number(height) +
                             (pal ? " F25:1 A59:54" : " F30000:1001 A10:11") + " Ip C420jpeg\nFRAME\n";
-  return header + QByteArray(qsizetype(kWidth) * height, char(16)) + QByteArray(qsizetype(kWidth) * height / 2, char(128));
+  return header + QByteArray(qsizetype(kWidth) * height, char(16)) +
+         QByteArray(qsizetype(kWidth) * height / 2, char(128));
 }
 
 Status Write(const QString& path, const QByteArray& bytes) {

@@ -8,6 +8,7 @@
 
 #include "platform/host_files.h"
 #include "shell/control_file.h"
+#include "shell/current_directory.h"
 #include "shell/syntax_check.h"
 #include "shell/video_norm.h"
 
@@ -49,7 +50,7 @@ class CommandMaker {
     command_.name = StemOf(named);
     tool_ = FindTool(command_.name);
     if (tool_) command_.name = tool_->stem;
-    const QString existing = ExistingProgram(named);
+    const QString existing = ExistingProgram(ResolveDosPath(named));
     if (const Status found = FindProgram(named, existing); !found) return Failure{found.Error()};
     command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
     AddArguments();
@@ -114,17 +115,17 @@ class CommandMaker {
       const bool plain = tool_ && tool_->plainValue.contains(option);
       const qsizetype drive = plain ? -1 : argument.indexOf(kPath);
       if (drive == 0 || (drive > 0 && argument.startsWith(u'-'))) {
-        argument = argument.left(drive) + Map(argument.sliced(drive));
+        argument = argument.left(drive) + Map(ResolveDosPath(argument.sliced(drive)));
       } else if (!plain && !isOption && (word.quoted || argument.contains(u'\\'))) {
-        argument = Map(argument);
+        argument = Map(ResolveDosPath(argument));
       }
       if (tool_ && !isOption && !option.isEmpty() && option == tool_->outputOption) {
-        command_.output = HostFiles::ToHost(word.text);
+        command_.output = HostFiles::ToHost(ResolveDosPath(word.text));
       }
       if (tool_ && !wine_ && IsPattern(option, argument)) argument.replace(u'%', u"%%"_s);
       if (!isOption && NamesControlFile(option)) {
         controlFileAt_ = command_.stage.arguments.size();
-        controlFile_ = word.text;
+        controlFile_ = ResolveDosPath(word.text);
       }
       command_.stage.arguments << argument;
       option = isOption ? word.text : QString();

@@ -136,6 +136,25 @@ TEST_F(BatchLanguage, DeletesAndMakesAsDosDoes) {
   EXPECT_EQ(Files(), QStringList());
 }
 
+TEST_F(BatchLanguage, StaysOnTheCurrentDriveAndSparesTheRootOfTheMachine) {
+  Write(u"a.txt"_s, "a\r\n");
+  QFile outside(dir_.filePath(u"outside.txt"_s));
+  ASSERT_TRUE(outside.open(QIODevice::WriteOnly));
+  outside.close();
+  EXPECT_EQ(RunBatch("cd \\\r\ncd\r\ncd ..\r\ncd ..\\..\\T\r\ncd\r\ntype \\T\\a.txt\r\ntype C:a.txt\r\n"
+                     "type ..\\..\\t\\a.txt\r\necho b> \\b.txt\r\nif exist C:\\..\\b.txt echo there\r\n"
+                     "erase \\..\\*.txt /Q\r\nif not exist \\b.txt echo gone\r\nC:\r\ncd\r\n"),
+            "C:\\\r\nC:\\T\r\na\r\na\r\na\r\nthere\r\ngone\r\nC:\\\r\n");
+  EXPECT_TRUE(outside.exists());
+
+  // No file here answers to this name, so that a failure of the guard would do no harm.
+  EXPECT_EQ(RunBatch("erase Z:\\torvane-no-such-*.* /Q\r\nZ:\r\nerase torvane-no-such-*.* /Q\r\n"
+                     "mkdir C:\\T\\d\r\nrmdir /S /Q Z:\\torvane-no-such\r\n"),
+            "*ERROR: erase takes no wildcard in the root of this machine\r\n"
+            "*ERROR: erase takes no wildcard in the root of this machine\r\n"
+            "The system cannot find the file specified.\r\n");
+}
+
 TEST_F(BatchLanguage, KeepsReadOnlyFilesUntilAttribFreesThem) {
   Write(u"Film1_req.mpv"_s, "x");
   EXPECT_EQ(RunBatch("attrib +r Film1_req.mpv\r\nerase Film1_req.mpv\r\nattrib -r \"C:\\T\\Film1_req.mpv\"\r\n"

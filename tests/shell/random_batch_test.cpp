@@ -61,6 +61,9 @@ const char* const kPieces[] = {"echo ",
                                "ver",
                                "*.*",
                                "?",
+                               "\\",
+                               "..\\",
+                               "/q ",
                                "C:\\T\\",
                                "@",
                                "(",
@@ -78,6 +81,9 @@ const char* const kPieces[] = {"echo ",
 
 TEST_F(RandomBatch, NeitherCrashesNorHangs) {
   environment_.insert(u"PATH"_s, u"/nonexistent"_s);
+  QFile outside(dir_.filePath(u"outside.txt"_s));
+  ASSERT_TRUE(outside.open(QIODevice::WriteOnly));
+  const QStringList around = QDir(dir_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
   for (unsigned seed = 1; seed <= 150; ++seed) {
     std::mt19937 random(seed);
     QByteArray batch = seed % 2 ? "@echo off\r\n" : "";
@@ -90,6 +96,7 @@ TEST_F(RandomBatch, NeitherCrashesNorHangs) {
     const ConsoleRun run = Run({u"/k"_s, u"x.bat"_s, u"one"_s}, "");
     EXPECT_GE(run.exitCode, 0) << "seed " << seed << "\n" << batch.toStdString() << "\n" << run.output.substr(0, 2000);
     EXPECT_EQ(Leftovers(), QStringList()) << "seed " << seed;
+    EXPECT_EQ(QDir(dir_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), around) << "seed " << seed;
   }
 }
 
