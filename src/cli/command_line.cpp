@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "cli/settings_commands.h"
 #include "core/messages.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -9,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-constexpr std::array<CommandHelp, 8> kCommands{{
+constexpr std::array<CommandHelp, 10> kCommands{{
     {u"new", u"OUT.tvn", u"Saves the default project made from the settings in force.",
      u"torvane-cli --set VideoNormPal=0 new ntsc.tvn", 1, 1},
     {u"tree", u"P.tvn", u"Prints every node: depth, key, image, tag and caption, separated by TAB.",
@@ -27,6 +28,11 @@ constexpr std::array<CommandHelp, 8> kCommands{{
      u"torvane-cli compose holiday.tvn MM -o /tmp/pictures", 2, 2},
     {u"run", u"BATCH...", u"Runs batch files of the temporary directory.",
      u"torvane-cli --set TempDir=/tmp/batches run batchrun0.bat author.bat", 1, -1},
+    {u"settings", u"list | get KEY | set KEY=VALUE...",
+     u"Shows the stored settings, with the defaults of those not stored, or stores values.",
+     u"torvane-cli settings set VideoNormPal=0 OutDir=/home/me/disc", 1, -1},
+    {u"preset", u"save|load FILE.tvp", u"Saves the look of menus and elements as a preset, or stores that of one.",
+     u"torvane-cli preset load blue.tvp", 2, 2},
 }};
 
 constexpr QStringView kUsage =
@@ -144,6 +150,8 @@ class Parser {
     if (line_.command == u"compose" && line_.outputDir.isEmpty()) {
       return Failure{u"The command compose needs a directory for its pictures: -o DIR"_s};
     }
+    if (line_.command == u"settings") return CheckSettingsArguments(line_.arguments);
+    if (line_.command == u"preset") return CheckPresetArguments(line_.arguments);
     return {};
   }
 

@@ -4,6 +4,7 @@
 
 #include "cli/cli_prompter.h"
 #include "cli/console_view.h"
+#include "cli/settings_commands.h"
 #include "cli/tree_text.h"
 #include "compilers/disc_checks.h"
 #include "compilers/menu_files.h"
@@ -164,8 +165,10 @@ int RunCommand(const CommandLine& line) {
   const Result<QList<SettingOverride>> overrides = Overrides(line);
   if (!overrides) return FailUsage(overrides.Error());
   CliPrompter prompter(line.answers);
+  if (line.command == u"settings") return RunSettingsCommand(line, prompter);
   const Settings settings =
       LoadSettings({.profileDir = line.profileDir, .overrides = *overrides, .appPath = ProgramDir()}, prompter);
+  if (line.command == u"preset") return RunPresetCommand(line, settings, prompter);
   return Session(line, settings, prompter).Run();
 }
 

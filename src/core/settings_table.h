@@ -32,6 +32,13 @@ struct ProjectPlace {
   QStringView attribute;
 };
 
+/// Where a preset file holds the setting, and under which name.
+struct PresetPlace {
+  int position = 0;           ///< place among the lines, from 1; 0 for a setting that is no part of a preset
+  QStringView key = {};       ///< "" for the setting's own key
+  QStringView otherKey = {};  ///< a second name that is read where the first is missing; "" for none
+};
+
 /// The one description of a setting, which the store, settings files, the command line, project files, preset files
 /// and the settings dialog walk. Its default is what the member has in `Settings{}`.
 struct SettingRow {
@@ -39,6 +46,7 @@ struct SettingRow {
   SettingKind kind = SettingKind::Text;
   SettingMember member;
   ProjectPlace project;
+  PresetPlace preset = {};
 };
 
 /// All settings, in the order in which they are read.

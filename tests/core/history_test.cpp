@@ -300,7 +300,7 @@ class RandomChanges {
 };
 
 TEST(HistoryProperty, RandomEditsUndosAndRedosRestoreTheProjectExactly) {
-  for (quint32 seed = 1; seed <= 60; ++seed) {
+  for (quint32 seed = 1; seed <= 30; ++seed) {
     Project project(test::FixedSettings());
     RandomChanges changes(project, seed);
     std::vector<WholeProject> states{WholeProject(project)};  // after 0, 1, ... steps
