@@ -4,7 +4,6 @@
 #include <array>
 
 #include "core/line_text.h"
-#include "core/text.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,19 +29,6 @@ QByteArray WriteTextSubXml(const QString& subtitleFile, const QString& format) {
   out.Line(u"     />");
   out.Line(u"   </stream>");
   out.Line(u"</subpictures>");
-  return out.Bytes();
-}
-
-QByteArray PaletteFileText(const QString& colors) {
-  LineText out;
-  for (const QString& color : colors.split(u',')) {
-    const auto packed = static_cast<unsigned>(ValToInt(color));
-    QByteArray line;
-    for (const int shift : {0, 8, 16}) {
-      line += QByteArray::number((packed >> shift) & 0xFF, 16).rightJustified(2, '0').toUpper();
-    }
-    out.Line(line);
-  }
   return out.Bytes();
 }
 

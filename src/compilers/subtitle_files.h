@@ -9,8 +9,4 @@ namespace torvane {
 /// separated by "/"; missing fields write no line.
 QByteArray WriteTextSubXml(const QString& subtitleFile, const QString& format);
 
-/// A palette of 16 packed colours, separated by ",", as the text of a ".pal" file: a line of six hex digits each, the
-/// low byte of the colour first.
-QByteArray PaletteFileText(const QString& colors);
-
 }  // namespace torvane

@@ -6,6 +6,7 @@
 #include "core/film_view.h"
 #include "core/line_text.h"
 #include "core/text.h"
+#include "media/palette_file.h"
 
 using namespace Qt::Literals::StringLiterals;
 
