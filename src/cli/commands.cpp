@@ -105,7 +105,7 @@ class Session {
                        .TVNLogFile = settings.TVNLogFile,
                        .LogText = plan.LogText,
                        .UseImgBurn = settings.UseImgBurn,
-                       .protectedFiles = ProjectFiles(project_)};
+                       .protectedFiles = ProjectFiles(project_) << IsoFile(settings)};
     ConsoleCapture console;
     ConsoleView view;
     BatchRun run(std::move(request), console, view);
