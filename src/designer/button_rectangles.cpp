@@ -48,8 +48,7 @@ ButtonRectangle OfMask(const QRect& mask, const Settings& settings) {
 ButtonRectangle RectangleOf(const ButtonView& button, FrameMode frameMode, const Settings& settings) {
   if (button.UseHigh() >= 1) {
     const std::optional<MaskGeometry> mask = button.Mask();
-    const std::optional<QRect> place =
-        mask ? MaskRectangle(ElementRectangle(button.Drawing()), *mask) : std::nullopt;
+    const std::optional<QRect> place = mask ? MaskRectangle(ElementRectangle(button.Drawing()), *mask) : std::nullopt;
     return place ? OfMask(*place, settings) : ButtonRectangle();
   }
   const QRect text = TextRectangle(button.Drawing());
@@ -72,7 +71,9 @@ FrameMode MenuFrameMode(const MenuView& menu) {
   return EndsInOne(menu, menu_node::HighLightFill) ? FrameMode::FillAndFrame : FrameMode::Frame;
 }
 
-int FrameWidth(const Settings& settings) { return std::clamp(settings.DefFrameWidth, 0, kMenuWidth); }
+int FrameWidth(const Settings& settings) {
+  return std::clamp(settings.DefFrameWidth, 0, kMenuWidth);
+}
 
 std::vector<ButtonRectangle> ButtonRectangles(const MenuView& menu, const Settings& settings) {
   const FrameMode frameMode = MenuFrameMode(menu);

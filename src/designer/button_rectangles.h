@@ -29,9 +29,9 @@ struct Edges {
 /// The rectangles of a button on the disc, in pixels of the menu's frame.
 struct ButtonRectangle {
   QString Key;
-  Edges Check;       ///< what must not leave the frame nor meet another button; larger than what is written
-  Edges Written;     ///< x0, y0, x1, y1 of the button
-  Edges Letterbox;   ///< the same in the letterbox picture
+  Edges Check;      ///< what must not leave the frame nor meet another button; larger than what is written
+  Edges Written;    ///< x0, y0, x1, y1 of the button
+  Edges Letterbox;  ///< the same in the letterbox picture
   bool operator==(const ButtonRectangle&) const = default;
 };
 

@@ -10,7 +10,14 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-QString ThreeDigits(int value) { return QString::number(value).rightJustified(3, u'0'); }
+QString ThreeDigits(int value) {
+  return QString::number(value).rightJustified(3, u'0');
+}
+
+/// The whole part of a stored number as a colour component.
+int WholeByte(const QString& number) {
+  return static_cast<int>(std::clamp(Val(number), 0.0, 255.0));
+}
 
 QString ReadColor(const MenuView& menu, Attribute color, int absentColor, Attribute transparency, int absentOpacity) {
   return MakeColorString(menu.Text(color).value_or(ColorToRGBString(absentColor)),
@@ -24,10 +31,11 @@ int OpacityOfTransparency(double percent) {
 }
 
 QString MakeColorString(const QString& colorCaption, const QString& transparencyCaption) {
-  const int color = RGBStringToColor(colorCaption);
+  const QStringList components = colorCaption.mid(colorCaption.indexOf(u'=') + 1).split(u',');
   const double percent = Val(QStringView(transparencyCaption).mid(transparencyCaption.indexOf(u'=') + 1));
-  return ThreeDigits(color & 0xFF) + u'#' + ThreeDigits(color >> 8 & 0xFF) + u'#' + ThreeDigits(color >> 16 & 0xFF) +
-         u'#' + ThreeDigits(OpacityOfTransparency(percent));
+  QString text;
+  for (int i = 0; i < 3; ++i) text += ThreeDigits(WholeByte(components.value(i))) + u'#';
+  return text + ThreeDigits(OpacityOfTransparency(percent));
 }
 
 HighlightColors ReadHighlightColors(const MenuView& menu, const Settings& settings) {

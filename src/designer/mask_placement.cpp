@@ -8,7 +8,9 @@
 namespace torvane {
 namespace {
 
-int Size(int elementSize, double percent) { return WithinReach(RoundToInt(std::floor(elementSize * percent / 100))); }
+int Size(int elementSize, double percent) {
+  return WithinReach(RoundToInt(std::floor(elementSize * percent / 100)));
+}
 
 int Position(int elementPosition, int elementSize, int maskSize, double offset) {
   return WithinReach(RoundToInt(elementPosition + (elementSize - maskSize) / 2.0 + offset));

@@ -6,15 +6,25 @@
 
 namespace torvane {
 
-int MenuHeight(const Settings& settings) { return settings.VideoNormPal ? 576 : 480; }
+int MenuHeight(const Settings& settings) {
+  return settings.VideoNormPal ? 576 : 480;
+}
 
-int LetterboxTop(const Settings& settings) { return MenuHeight(settings) / 8; }
+int LetterboxTop(const Settings& settings) {
+  return MenuHeight(settings) / 8;
+}
 
-int LetterboxHeight(const Settings& settings) { return MenuHeight(settings) * 3 / 4; }
+int LetterboxHeight(const Settings& settings) {
+  return MenuHeight(settings) * 3 / 4;
+}
 
-int LetterboxY(int y, const Settings& settings) { return RoundToInt(y * 0.75 + LetterboxTop(settings)); }
+int LetterboxY(int y, const Settings& settings) {
+  return RoundToInt(y * 0.75 + LetterboxTop(settings));
+}
 
-int WithinReach(int coordinate) { return std::clamp(coordinate, -kFarAway, kFarAway); }
+int WithinReach(int coordinate) {
+  return std::clamp(coordinate, -kFarAway, kFarAway);
+}
 
 QRect ElementRectangle(const DrawingView& drawing) {
   const TextGeometry geometry = drawing.Geometry();

@@ -39,9 +39,9 @@ QByteArray SpuXmlText(const MenuView& menu, const Settings& settings, std::span<
   out.Line(u"         autoorder=\"rows\">");
   for (const ButtonRectangle& rectangle : rectangles) {
     const bool linked = autoButton && autoButton->Key() == rectangle.Key;
-    out.Line(ButtonLine(rectangle.Key, letterbox ? rectangle.Letterbox : rectangle.Written,
-                        linked ? u"  left=\"Actionleft\" right=\"Actionright\" up=\"Actionup\" down=\"Actiondown\""_s
-                               : QString()));
+    out.Line(ButtonLine(
+        rectangle.Key, letterbox ? rectangle.Letterbox : rectangle.Written,
+        linked ? u"  left=\"Actionleft\" right=\"Actionright\" up=\"Actionup\" down=\"Actiondown\""_s : QString()));
   }
   if (autoButton) {
     for (const QStringView action : {u"Actionleft", u"Actionright", u"Actionup", u"Actiondown"}) {

@@ -101,11 +101,15 @@ void Blur(QImage& image, int xPercent, int yPercent, BlurChannels channels) {
 
 // ---- Indices ----
 
-constexpr std::int32_t Signed(QRgb pixel) { return static_cast<std::int32_t>(pixel); }
+constexpr std::int32_t Signed(QRgb pixel) {
+  return static_cast<std::int32_t>(pixel);
+}
 
 constexpr QRgb kBlue = 0xFF0000FF;
 
-std::uint8_t HardIndex(QRgb pixel) { return pixel == kPlaneRed ? 1 : pixel == kPlaneGreen ? 2 : 0; }
+std::uint8_t HardIndex(QRgb pixel) {
+  return pixel == kPlaneRed ? 1 : pixel == kPlaneGreen ? 2 : 0;
+}
 
 std::uint8_t SmoothIndex(QRgb pixel) {
   const std::int32_t level = Signed(pixel);
@@ -165,13 +169,17 @@ void MakeMask(QImage& image, MaskMode mode, QStringView color1, QStringView colo
   }
 }
 
-void Blur32HV(QImage& image, int xPercent, int yPercent) { Blur(image, xPercent, yPercent, BlurChannels::All); }
+void Blur32HV(QImage& image, int xPercent, int yPercent) {
+  Blur(image, xPercent, yPercent, BlurChannels::All);
+}
 
-void Blur32HVHigh(QImage& image, int xPercent, int yPercent) { Blur(image, xPercent, yPercent, BlurChannels::Red); }
+void Blur32HVHigh(QImage& image, int xPercent, int yPercent) {
+  Blur(image, xPercent, yPercent, BlurChannels::Red);
+}
 
 void ConvertTo256Bpp(QImage& image, HighlightEdges edges, HighlightFrames frames) {
   if (!Is32Bit(image)) return;
-  const auto indexOf = edges == HighlightEdges::Hard           ? HardIndex
+  const auto indexOf = edges == HighlightEdges::Hard      ? HardIndex
                        : frames == HighlightFrames::Drawn ? SmoothIndexBesideFrames
                                                           : SmoothIndex;
   QImage indexed(image.size(), QImage::Format_Indexed8);
@@ -191,7 +199,8 @@ void SetPNGPalette(QImage& image, QStringView color1, QStringView color2, Highli
   palette.resize(256, 0);
   palette[0] &= 0x00FFFFFF;
   palette[1] = first.WithTenthsOfAlpha(10);
-  palette[2] = frames == HighlightFrames::Drawn ? ColorFields(color2).WithTenthsOfAlpha(10) : first.WithTenthsOfAlpha(7);
+  palette[2] =
+      frames == HighlightFrames::Drawn ? ColorFields(color2).WithTenthsOfAlpha(10) : first.WithTenthsOfAlpha(7);
   palette[3] = first.WithTenthsOfAlpha(frames == HighlightFrames::Drawn ? 6 : 3);
   image.setColorTable(palette);
 }

@@ -27,15 +27,16 @@ void InvertMask(QImage& image);
 void MakeFullColor(QImage& image, double threshold);
 
 enum class MaskMode {
-  OpaqueToWhite = 0,   ///< grey of the pixel's alpha, with that alpha
-  PlaneToColors = 1,   ///< red becomes colour 1, green colour 2, black transparent
-  OpaqueToRed = 2,     ///< red of the pixel's alpha, with that alpha
-  RedToShadow = 3,     ///< black, the red level as alpha
+  OpaqueToWhite = 0,  ///< grey of the pixel's alpha, with that alpha
+  PlaneToColors = 1,  ///< red becomes colour 1, green colour 2, black transparent
+  OpaqueToRed = 2,    ///< red of the pixel's alpha, with that alpha
+  RedToShadow = 3,    ///< black, the red level as alpha
 };
 
 void MakeMask(QImage& image, MaskMode mode, QStringView color1 = {}, QStringView color2 = {});
 
-// ---- Softening. Formats other than Format_RGB32 and Format_ARGB32 stay as they are; the result has Format_ARGB32. ----
+// ---- Softening. Formats other than Format_RGB32 and Format_ARGB32 stay as they are; the result has Format_ARGB32.
+// ----
 
 /// Three-tap blur along the rows and then along the columns; strengths are percent, 0 leaves that direction out. The
 /// outermost pixels are not filtered.

@@ -18,7 +18,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-bool IsMenu(const QString& key) { return IsMainMenuFamily(key) || IsTitleSetMenu(key) || IsSubMenu(key); }
+bool IsMenu(const QString& key) {
+  return IsMainMenuFamily(key) || IsTitleSetMenu(key) || IsSubMenu(key);
+}
 
 MenuBlur ReadBlur(const MenuView& menu, const Settings& settings) {
   using namespace menu_node;
@@ -53,7 +55,8 @@ void WriteSpuXml(ComposedMenu& composed, const MenuView& menu, const Settings& s
 
 Result<ComposedMenu> ComposeMenu(const MenuView& menu, const Settings& settings, ComposeMode mode) {
   constexpr int kDvdAuthor = 0;
-  if (!menu.Exists() || !IsMenu(menu.Key())) return Failure{u"There is no menu \"" + menu.Key() + u"\" in this project."};
+  if (!menu.Exists() || !IsMenu(menu.Key()))
+    return Failure{u"There is no menu \"" + menu.Key() + u"\" in this project."};
   const QString name = menu.Name() + u" (" + menu.Key() + u')';
   if (settings.Engine != kDvdAuthor) {
     return Failure{u"Menu " + name + u": menus can be drawn for dvdauthor only; choose it as engine."_s};

@@ -13,7 +13,6 @@ namespace {
 /// Anything above black counts as drawn.
 constexpr double kAnyLevel = 0.002;
 
-
 QRect LetterboxRectangle(const Settings& settings) {
   return {0, LetterboxTop(settings), kMenuWidth, LetterboxHeight(settings)};
 }
@@ -25,7 +24,8 @@ QImage PureColors(const QImage& highlight) {
   MakeFullColor(pure, kAnyLevel);
   for (int y = 0; y < pure.height(); ++y) {
     auto* line = reinterpret_cast<QRgb*>(pure.scanLine(y));
-    std::replace_if(line, line + pure.width(), [](QRgb pixel) { return qRed(pixel) != 0; }, kPlaneRed);
+    std::replace_if(
+        line, line + pure.width(), [](QRgb pixel) { return qRed(pixel) != 0; }, kPlaneRed);
   }
   return pure;
 }
@@ -64,7 +64,8 @@ QImage ColoredInLetterbox(const QImage& colored, const Settings& settings) {
   return picture;
 }
 
-void AddIndexed(std::vector<MenuPicture>& pictures, QImage plane, const HighlightStyle& style, const QString& suffixEnd) {
+void AddIndexed(std::vector<MenuPicture>& pictures, QImage plane, const HighlightStyle& style,
+                const QString& suffixEnd) {
   const HighlightColors& colors = style.Colors;
   ConvertTo256Bpp(plane, HighlightEdges::Smooth, style.Frames);
   pictures.push_back({u"High" + suffixEnd, Palettized(plane, colors.HighColor1, colors.HighColor2, style.Frames)});

@@ -54,8 +54,7 @@ class ButtonDrawing {
 
   void LoadMask(PictureLoader& pictures) {
     const std::optional<MaskGeometry> mask = button_.Mask();
-    const std::optional<QRect> place =
-        mask ? MaskRectangle(ElementRectangle(button_.Drawing()), *mask) : std::nullopt;
+    const std::optional<QRect> place = mask ? MaskRectangle(ElementRectangle(button_.Drawing()), *mask) : std::nullopt;
     if (!place) return;
     maskPlace_ = *place;
     mask_ = pictures.Load(mask->Path);
@@ -75,7 +74,8 @@ class ButtonDrawing {
   void DrawFrames(QImage& highlight) const {
     if (HasFrame()) {
       const int width = FrameWidth(settings_);
-      rounded_ ? DrawRoundedFrame(highlight, text_, width, kPlaneGreen) : DrawFrame(highlight, text_, width, kPlaneGreen);
+      rounded_ ? DrawRoundedFrame(highlight, text_, width, kPlaneGreen)
+               : DrawFrame(highlight, text_, width, kPlaneGreen);
     }
     // An invisible button: nothing shows, and its area lights up.
     if (button_.Caption().isEmpty() && !button_.NormVis()) FillRectangle(highlight, text_, kPlaneRed);

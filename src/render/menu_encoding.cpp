@@ -17,11 +17,17 @@ QByteArray File(const Settings& settings, const QString& stem, QStringView name)
   return QuotedBatchPath(settings.TempDir + u'\\' + stem + name);
 }
 
-QByteArray FrameRate(const Settings& settings) { return settings.VideoNormPal ? "25" : "29.97"; }
+QByteArray FrameRate(const Settings& settings) {
+  return settings.VideoNormPal ? "25" : "29.97";
+}
 
-QByteArray Norm(const Settings& settings) { return settings.VideoNormPal ? "p" : "n"; }
+QByteArray Norm(const Settings& settings) {
+  return settings.VideoNormPal ? "p" : "n";
+}
 
-QByteArray AspectCode(bool wide) { return wide ? "3" : "2"; }
+QByteArray AspectCode(bool wide) {
+  return wide ? "3" : "2";
+}
 
 /// A single still frame with audio has no navigation structure in its whole length; the tool inserts it.
 bool NeedsInsnav(const MenuView& menu, const Settings& settings) {
@@ -86,14 +92,16 @@ QByteArray EmptyMenuBatch(const Settings& settings) {
   LineText out;
   out.Line(u"@echo off");
   out.Line(u"echo *creating EmptyBackg.m2v");
-  out.Line(Tool(settings, u"jpeg2yuv.exe") + " -n 1 -I t -L 1 -f " + FrameRate(settings) + " -j " +
-           file(u"Backg.jpg") + " | " + Tool(settings, u"mpeg2enc.exe") + " -f 8 -q 1 -b 3000 -a " +
-           AspectCode(settings.DefMenuRatio) + " -n " + Norm(settings) + " -o " + file(u"Backg.m2v"));
+  out.Line(Tool(settings, u"jpeg2yuv.exe") + " -n 1 -I t -L 1 -f " + FrameRate(settings) + " -j " + file(u"Backg.jpg") +
+           " | " + Tool(settings, u"mpeg2enc.exe") + " -f 8 -q 1 -b 3000 -a " + AspectCode(settings.DefMenuRatio) +
+           " -n " + Norm(settings) + " -o " + file(u"Backg.m2v"));
   out.Line(u"echo *mux to EmptyBackg.mpg");
   out.Line(Tool(settings, u"mplex.exe") + " -M -f 8 -o " + file(u"Backg.mpg") + ' ' + file(u"Backg.m2v"));
   return out.Bytes();
 }
 
-QImage EmptyMenuPicture(const Settings& settings) { return BlackPlane(settings); }
+QImage EmptyMenuPicture(const Settings& settings) {
+  return BlackPlane(settings);
+}
 
 }  // namespace torvane

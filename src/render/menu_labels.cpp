@@ -15,7 +15,9 @@ namespace {
 
 constexpr int kOpaque = 255;
 
-int FieldAsInt(const QString& list, int field) { return RoundToInt(GetField(list, field)); }
+int FieldAsInt(const QString& list, int field) {
+  return RoundToInt(GetField(list, field));
+}
 
 /// Fields `first` and the next one as an offset.
 QPoint FieldsAsOffset(const QString& list, int first) {
@@ -39,7 +41,9 @@ void ForEachLine(const LabelView& label, const QImage& plane, PrintLine printLin
   }
 }
 
-int ClipByte(double thousandths) { return std::clamp(static_cast<int>(thousandths / 1000), 0, 255); }
+int ClipByte(double thousandths) {
+  return std::clamp(static_cast<int>(thousandths / 1000), 0, 255);
+}
 
 }  // namespace
 

@@ -21,7 +21,9 @@ void Fill(QImage& plane, QPoint a, QPoint b, QRgb color) {
   }
 }
 
-void SetPixel(QImage& plane, int x, int y, QRgb color) { Fill(plane, {x, y}, {x, y}, color); }
+void SetPixel(QImage& plane, int x, int y, QRgb color) {
+  Fill(plane, {x, y}, {x, y}, color);
+}
 
 struct Corners {
   int left, top, right, bottom;

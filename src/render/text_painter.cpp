@@ -28,7 +28,9 @@ QFont MakeFont(const FontRecord& record) {
   return font;
 }
 
-int Mixed(int below, int above, int alpha) { return (above * alpha + below * (255 - alpha) + 127) / 255; }
+int Mixed(int below, int above, int alpha) {
+  return (above * alpha + below * (255 - alpha) + 127) / 255;
+}
 
 QRgb Mixed(QRgb below, QRgb above, int alpha) {
   return qRgb(Mixed(qRed(below), qRed(above), alpha), Mixed(qGreen(below), qGreen(above), alpha),

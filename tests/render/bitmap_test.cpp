@@ -1,0 +1,260 @@
+#include "render/bitmap.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+using Pixels = std::vector<QRgb>;
+
+/// A picture of one row.
+QImage Row(const Pixels& pixels, QImage::Format format = QImage::Format_ARGB32) {
+  QImage image(static_cast<int>(pixels.size()), 1, format);
+  std::ranges::copy(pixels, reinterpret_cast<QRgb*>(image.scanLine(0)));
+  return image;
+}
+
+Pixels PixelsOf(const QImage& image) {
+  Pixels pixels;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    pixels.insert(pixels.end(), line, line + image.width());
+  }
+  return pixels;
+}
+
+std::vector<int> IndicesOf(const QImage& image) {
+  std::vector<int> indices;
+  for (int x = 0; x < image.width(); ++x) indices.push_back(image.pixelIndex(x, 0));
+  return indices;
+}
+
+void Fill(QImage& image, int x, int y, QRgb color) {
+  image.setPixel(x, y, color);
+}
+
+TEST(Bitmap, MakesOneColorTransparent) {
+  QImage image = Row({0xFF102030, 0xFF102031, 0x80102030, 0});
+  MakeTransparent(image, 0xFF102030);
+  EXPECT_EQ(PixelsOf(image), (Pixels{0, 0xFF102031, 0x80102030, 0}));
+}
+
+TEST(Bitmap, InvertsAMask) {
+  QImage image = Row({0x00000000, 0xFFFFFFFF, 0x80808080, 0xFF000000});
+  InvertMask(image);
+  EXPECT_EQ(PixelsOf(image), (Pixels{0xFFFF0000, 0x00000000, 0x80808080, 0xFF000000}));
+}
+
+TEST(Bitmap, MakesEveryDrawnLevelFull) {
+  QImage image = Row({0xFF010000, 0xFF000000, 0xFF00FF80, 0x40010203});
+  MakeFullColor(image, 0.002);
+  EXPECT_EQ(PixelsOf(image), (Pixels{0xFFFF0000, 0xFF000000, 0xFF00FFFF, 0x40FFFFFF}));
+
+  QImage halves = Row({0xFF7F8000});
+  MakeFullColor(halves, 0.5);
+  EXPECT_EQ(PixelsOf(halves), (Pixels{0xFF00FF00}));
+}
+
+TEST(Bitmap, MakesMasks) {
+  struct Case {
+    MaskMode mode;
+    Pixels expected;
+  };
+  const Pixels source{0xFF123456, 0x80123456, 0x00123456, 0xFFFF0000, 0xFF00FF00, 0xFF800000, 0xFFFFFF00, 0xFF000000};
+  const Case cases[] = {
+      {MaskMode::OpaqueToWhite,
+       {0xFFFFFFFF, 0x80808080, 0, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}},
+      // Colour 1 is (200, 100, 0) with alpha 150, colour 2 (0, 255, 50) with alpha 254; sums stop at 255.
+      {MaskMode::PlaneToColors,
+       {0x3E0E3B0A, 0x3E0E3B0A, 0x3E0E3B0A, 0x96C86400, 0xFE00FF32, 0x4B643200, 0xFFC8FF32, 0}},
+      {MaskMode::OpaqueToRed, {0xFFFF0000, 0x80800000, 0, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000}},
+      {MaskMode::RedToShadow, {0x12000000, 0x12000000, 0x12000000, 0xFF000000, 0, 0x80000000, 0xFF000000, 0}},
+  };
+  for (const Case& test : cases) {
+    QImage image = Row(source);
+    MakeMask(image, test.mode, u"200#100#000#150", u"000#255#050#254");
+    EXPECT_EQ(PixelsOf(image), test.expected) << static_cast<int>(test.mode);
+  }
+}
+
+TEST(Bitmap, RecolorsPicturesOfAnyFormat) {
+  QImage palette(2, 1, QImage::Format_Indexed8);
+  palette.setColorTable({0x00000000, 0xFF00FF00});
+  palette.setPixel(0, 0, 0);
+  palette.setPixel(1, 0, 1);
+  MakeMask(palette, MaskMode::OpaqueToRed);
+  EXPECT_EQ(palette.format(), QImage::Format_ARGB32);
+  EXPECT_EQ(PixelsOf(palette), (Pixels{0, 0xFFFF0000}));
+}
+
+// ---- Blur ----
+
+/// A black picture of 5 by 5 with one bright pixel in the middle.
+QImage Dot(QRgb dot) {
+  QImage image(5, 5, QImage::Format_ARGB32);
+  image.fill(qRgba(0, 0, 0, 255));
+  Fill(image, 2, 2, dot);
+  return image;
+}
+
+/// Red of the inner 3 by 3 pixels.
+std::vector<int> InnerReds(const QImage& image) {
+  std::vector<int> reds;
+  for (int y = 1; y <= 3; ++y) {
+    for (int x = 1; x <= 3; ++x) reds.push_back(qRed(image.pixel(x, y)));
+  }
+  return reds;
+}
+
+TEST(Bitmap, BlursRowsAndColumnsByTheirOwnStrength) {
+  // At 100 percent the centre weighs 0.4985 and each side 0.25075, at 50 percent 0.7085 and 0.14575.
+  struct Case {
+    int x;
+    int y;
+    std::vector<int> expected;
+  };
+  const Case cases[] = {
+      {0, 0, {0, 0, 0, 0, 200, 0, 0, 0, 0}},
+      {100, 0, {0, 0, 0, 50, 100, 50, 0, 0, 0}},
+      {0, 100, {0, 50, 0, 0, 100, 0, 0, 50, 0}},
+      {100, 50, {7, 15, 7, 35, 71, 35, 7, 15, 7}},
+  };
+  for (const Case& test : cases) {
+    QImage image = Dot(qRgb(200, 0, 0));
+    Blur32HV(image, test.x, test.y);
+    EXPECT_EQ(InnerReds(image), test.expected) << test.x << ' ' << test.y;
+    EXPECT_EQ(image.pixel(2, 2) >> 24, 255U);
+  }
+}
+
+TEST(Bitmap, BlurNeverFiltersTheOutermostPixelsAndKeepsEveryByteInItsRange) {
+  QImage image(6, 4, QImage::Format_RGB32);
+  for (int y = 0; y < 4; ++y) {
+    for (int x = 0; x < 6; ++x) image.setPixel(x, y, (x + y) % 2 == 0 ? 0xFFFFFFFF : 0xFF000000);
+  }
+  const QImage before = image;
+  Blur32HV(image, 5000, 90);  // far beyond what a dialog allows: the weights leave 0 to 1
+  for (int y = 0; y < 4; ++y) {
+    for (int x = 0; x < 6; ++x) {
+      const bool border = x == 0 || y == 0 || x == 5 || y == 3;
+      if (border) {
+        EXPECT_EQ(image.pixel(x, y), before.pixel(x, y)) << x << ' ' << y;
+      }
+      EXPECT_EQ(qAlpha(image.pixel(x, y)), 255);
+    }
+  }
+
+  for (const QSize& size : {QSize(1, 1), QSize(2, 5), QSize(5, 2)}) {
+    QImage small(size, QImage::Format_ARGB32);
+    small.fill(0x40302010);
+    const QImage untouched = small;
+    Blur32HV(small, 50, 90);
+    EXPECT_EQ(small, untouched);
+  }
+}
+
+TEST(Bitmap, BlursEveryChannelAsTheWeightsSay) {
+  QImage image(3, 3, QImage::Format_ARGB32);
+  image.fill(0);
+  Fill(image, 0, 1, 0x0A141E28);
+  Fill(image, 1, 1, 0xFF80C832);
+  Fill(image, 2, 1, 0x64320A00);
+  Blur32HV(image, 90, 0);
+  const double c = 0.125 * 0.81 - 0.6075 * 0.9 + 0.981;
+  const double s = (1 - c) / 2;
+  const auto mixed = [&](int a, int b, int d) { return static_cast<int>(std::nearbyint(b * c + a * s + d * s)); };
+  EXPECT_EQ(image.pixel(1, 1),
+            qRgba(mixed(0x14, 0x80, 0x32), mixed(0x1E, 0xC8, 0x0A), mixed(0x28, 0x32, 0x00), mixed(0x0A, 0xFF, 0x64)));
+}
+
+TEST(Bitmap, HighlightBlurTouchesRedAlone) {
+  QImage image = Dot(qRgba(200, 255, 77, 99));
+  QImage all = image;
+  Blur32HVHigh(image, 100, 50);
+  Blur32HV(all, 100, 50);
+  EXPECT_EQ(InnerReds(image), InnerReds(all));
+  for (int y = 0; y < 5; ++y) {
+    for (int x = 0; x < 5; ++x) {
+      EXPECT_EQ(image.pixel(x, y) & 0xFF00FFFF, Dot(qRgba(200, 255, 77, 99)).pixel(x, y) & 0xFF00FFFF);
+    }
+  }
+}
+
+TEST(Bitmap, LeavesOtherFormatsAloneWhereItSoftensOrReduces) {
+  QImage image(5, 5, QImage::Format_RGB888);
+  image.fill(Qt::red);
+  image.setPixel(2, 2, 0xFF00FF00);
+  const QImage before = image;
+  Blur32HV(image, 50, 50);
+  Blur32HVHigh(image, 50, 50);
+  ConvertTo256Bpp(image, HighlightEdges::Smooth, HighlightFrames::None);
+  EXPECT_EQ(image, before);
+}
+
+// ---- Indices ----
+
+TEST(Bitmap, ReducesAPlaneToFourIndices) {
+  struct Case {
+    HighlightEdges edges;
+    HighlightFrames frames;
+    Pixels pixels;
+    std::vector<int> expected;
+  };
+  const Case cases[] = {
+      {HighlightEdges::Hard,
+       HighlightFrames::Drawn,
+       {0xFF000000, 0xFFFF0000, 0xFF00FF00, 0xFF800000, 0xFF0000FF, 0x00000000},
+       {0, 1, 2, 0, 0, 0}},
+      {HighlightEdges::Smooth,
+       HighlightFrames::None,
+       {0xFF000000, 0xFF000001, 0xFF200000, 0xFF300000, 0xFF300001, 0xFF400000, 0xFF800000, 0xFF800001, 0xFF900000,
+        0xFFC00000, 0xFFC00001, 0xFFD00000, 0xFFFF0000, 0xFF00FF00, 0x80FF0000, 0x00000000},
+       {0, 0, 0, 0, 3, 3, 3, 2, 2, 2, 1, 1, 1, 0, 0, 1}},
+      {HighlightEdges::Smooth,
+       HighlightFrames::Drawn,
+       {0xFF000000, 0xFF00FF00, 0xFF00FF01, 0xFF00FE00, 0xFF010000, 0xFF400000, 0xFF400001, 0xFFA00000, 0xFFA00001,
+        0xFFFF0000, 0xFFFFFF00, 0xFF20FF00},
+       {0, 2, 0, 0, 0, 0, 3, 3, 1, 1, 1, 0}},
+  };
+  for (const Case& test : cases) {
+    QImage image = Row(test.pixels);
+    ConvertTo256Bpp(image, test.edges, test.frames);
+    EXPECT_EQ(IndicesOf(image), test.expected);
+    QList<QRgb> palette(256, 0);
+    std::ranges::copy(Pixels{0xFF000000, 0xFFFF0000, 0xFF00FF00, 0xFF0000FF}, palette.begin());
+    EXPECT_EQ(image.colorTable(), palette);
+  }
+}
+
+TEST(Bitmap, GivesIndicesTheirColors) {
+  struct Case {
+    HighlightFrames frames;
+    QString color1;
+    Pixels expected;
+  };
+  const QString color2 = u"000#000#255#100"_s;
+  const Case cases[] = {
+      {HighlightFrames::None, u"255#000#000#200"_s, {0x00000000, 0xC8FF0000, 0x8CFF0000, 0x3CFF0000}},
+      {HighlightFrames::Drawn, u"255#000#000#200"_s, {0x00000000, 0xC8FF0000, 0x640000FF, 0x78FF0000}},
+      // 0.7 and 0.3 of 5, 15 and 255 halve to the even neighbour.
+      {HighlightFrames::None, u"001#002#003#005"_s, {0x00000000, 0x05010203, 0x04010203, 0x02010203}},
+      {HighlightFrames::None, u"001#002#003#015"_s, {0x00000000, 0x0F010203, 0x0A010203, 0x04010203}},
+      {HighlightFrames::None, u"001#002#003#255"_s, {0x00000000, 0xFF010203, 0xB2010203, 0x4C010203}},
+  };
+  for (const Case& test : cases) {
+    QImage image = Row({0xFF000000, 0xFFFF0000});
+    ConvertTo256Bpp(image, HighlightEdges::Smooth, test.frames);
+    SetPNGPalette(image, test.color1, color2, test.frames);
+    const QList<QRgb> palette = image.colorTable();
+    EXPECT_EQ(Pixels(palette.begin(), palette.begin() + 4), test.expected) << test.color1.toStdString();
+    EXPECT_EQ(IndicesOf(image), (std::vector{0, 1}));
+  }
+}
+
+}  // namespace
+}  // namespace torvane

@@ -1,0 +1,418 @@
+#include "render/compositor.h"
+
+#include "menu_fixture.h"
+#include "render/menu_labels.h"
+#include "render/text_painter.h"
+#include "support/text_lines.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+QStringList SuffixesOf(const ComposedMenu& menu) {
+  QStringList suffixes;
+  for (const MenuPicture& picture : menu.Pictures) suffixes << picture.Suffix;
+  suffixes.sort();
+  return suffixes;
+}
+
+/// The text of two letters that covers some pixels wholly in any font.
+const QString kWord = u"HI"_s;
+const QStringList kBigFont{u"FontSize=60"_s, u"FontBold=1"_s};
+
+class Compositor : public test::MenuFixture {
+ protected:
+  /// Pixels that a button's or label's text covers wholly.
+  QRegion SolidText(const DrawingView& drawing, const QString& text) const {
+    const TextGeometry geometry = drawing.Geometry();
+    const TextPainter painter(FontOf(geometry));
+    QRegion solid;
+    const QRect place(geometry.Left - 1, geometry.Top, geometry.Width + 1, geometry.Height);
+    for (const TextLine& line : painter.Lines(text, place, geometry.Align)) {
+      const LineCoverage coverage = painter.Draw(line, {720, 576});
+      for (int y = 0; y < coverage.alpha.height(); ++y) {
+        for (int x = 0; x < coverage.alpha.width(); ++x) {
+          if (coverage.alpha.constScanLine(y)[x] == 255)
+            solid += QRect(line.position + coverage.offset + QPoint(x, y), QSize(1, 1));
+        }
+      }
+    }
+    EXPECT_FALSE(solid.isEmpty());
+    return solid;
+  }
+
+  static std::set<QRgb> ColorsIn(const QImage& picture, const QRegion& region) {
+    std::set<QRgb> colors;
+    for (const QRect& rectangle : region) {
+      for (int y = rectangle.top(); y <= rectangle.bottom(); ++y) {
+        for (int x = rectangle.left(); x <= rectangle.right(); ++x) colors.insert(picture.pixel(x, y));
+      }
+    }
+    return colors;
+  }
+};
+
+TEST_F(Compositor, MakesThePicturesThatEachModeNeeds) {
+  EXPECT_EQ(SuffixesOf(Compose(ComposeMode::Compile)), QStringList({u"Act.png"_s, u"Backg.png"_s, u"High.png"_s}));
+  EXPECT_EQ(SuffixesOf(Compose(ComposeMode::PicturePreview)),
+            QStringList({u"Act.png"_s, u"High.png"_s, u"Preview.png"_s}));
+  EXPECT_EQ(SuffixesOf(Compose(ComposeMode::ScriptPreview)), QStringList({u"Backg.png"_s}));
+  EXPECT_FALSE(Compose().SpuXml.isEmpty());
+  EXPECT_TRUE(Compose().SpuLXml.isEmpty());
+  EXPECT_TRUE(Compose(ComposeMode::PicturePreview).SpuXml.isEmpty());
+
+  project_.Settings.DefMenuRatio = true;
+  EXPECT_EQ(SuffixesOf(Compose()),
+            QStringList({u"Act.png"_s, u"ActL.png"_s, u"Backg.png"_s, u"High.png"_s, u"HighL.png"_s}));
+  EXPECT_TRUE(Compose().SpuLXml.contains("MMHighL.png"));
+
+  project_.Settings.VideoNormPal = false;
+  for (const MenuPicture& picture : Compose().Pictures) EXPECT_EQ(picture.Image.size(), QSize(720, 480));
+}
+
+TEST_F(Compositor, RefusesWhatItCannotDraw) {
+  const auto errorOf = [](const MenuView& menu, const Settings& settings) {
+    return ComposeMenu(menu, settings, ComposeMode::Compile).Error();
+  };
+  for (const QString& key : {u"MM7"_s, u"TS"_s, u"MMB"_s}) {
+    EXPECT_EQ(errorOf(MenuView(project_.Tree, key), project_.Settings),
+              u"There is no menu \"" + key + u"\" in this project.");
+  }
+  Settings muxman = project_.Settings;
+  muxman.Engine = 1;
+  EXPECT_EQ(errorOf(Menu(), muxman),
+            u"Menu MainMenu (MM): menus can be drawn for dvdauthor only; choose it as engine."_s);
+  test::AddNode(project_, u"MMBG"_s, u"MMBGTrans|Transition=1"_s);
+  EXPECT_EQ(errorOf(Menu(), project_.Settings),
+            u"Menu MainMenu (MM): animated menus cannot be drawn yet; take its animations or transition away."_s);
+}
+
+TEST_F(Compositor, StretchesTheBackgroundOverTheWholeFrame) {
+  QImage picture(100, 300, QImage::Format_ARGB32);
+  picture.fill(0x00FFFFFF);  // transparent: black shows through
+  for (int y = 0; y < 150; ++y) {
+    for (int x = 0; x < 100; ++x) picture.setPixel(x, y, 0xFF3366CC);
+  }
+  project_.Tree.SetCaption(u"MMBGPath"_s, u"Image=" + SavePicture(u"tall.png"_s, picture));
+  const QImage visible = PictureOf(Compose(), u"Backg.png");
+  EXPECT_EQ(visible.format(), QImage::Format_RGB32);
+  for (const int x : {0, 719}) {
+    EXPECT_EQ(visible.pixel(x, 0), 0xFF3366CC);
+    EXPECT_EQ(visible.pixel(x, 280), 0xFF3366CC);
+    EXPECT_EQ(visible.pixel(x, 296), 0xFF000000);
+    EXPECT_EQ(visible.pixel(x, 575), 0xFF000000);
+  }
+}
+
+TEST_F(Compositor, GoesOnWithoutAPictureAndTellsWhichIsMissing) {
+  const QString broken = HostFiles::ToDos(dir_.filePath(u"broken.jpg"_s));
+  ASSERT_TRUE(HostFiles::WriteAtomically(broken, "no picture"));
+  project_.Tree.SetCaption(u"MMBGPath"_s, u"Image=C:\\gone\\back.jpg"_s);
+  test::AddImage(project_, u"MM"_s, 1, broken, {10, 10, 50, 50});
+  test::AddImage(project_, u"MM"_s, 2, broken, {10, 100, 50, 50});
+  test::AddButton(project_, u"MM"_s, 1, u""_s, {300, 100, 40, 20});
+  test::AddMask(project_, u"MMB1"_s, u"C:\\gone\\mask.gif"_s, u"100"_s, u"1"_s);
+  const ComposedMenu menu = Compose();
+  EXPECT_EQ(ColorsOf(PictureOf(menu, u"Backg.png")), std::set{kPlaneBlack});
+  EXPECT_EQ(menu.Errors, QStringList({u"Picture \"C:\\gone\\back.jpg\" of menu MainMenu (MM): File Not Found"_s,
+                                      u"Picture \"" + broken + u"\" of menu MainMenu (MM): Unknown Image Format",
+                                      u"Picture \"C:\\gone\\mask.gif\" of menu MainMenu (MM): File Not Found"_s}));
+  EXPECT_TRUE(menu.ButtonsValid);
+}
+
+TEST_F(Compositor, DrawsImagesInTreeOrderWithTheirMasksOverThem) {
+  QImage blue(30, 30, QImage::Format_RGB32);
+  blue.fill(0xFF0000FF);
+  const QString path = SavePicture(u"blue.png"_s, blue);
+  QImage green = blue;
+  green.fill(0xFF00FF00);
+  test::AddImage(project_, u"MM"_s, 2, SavePicture(u"green.png"_s, green), {100, 100, 60, 60});
+  test::AddImage(project_, u"MM"_s, 1, path, {140, 100, 60, 60});
+  test::AddMask(project_, u"MMI1"_s, HalfMask(), u"50"_s, u""_s, 0, 15);
+  const QImage visible = PictureOf(Compose(), u"Backg.png");
+  EXPECT_EQ(AreaOf(visible, 0xFF00FF00), QRect(100, 100, 40, 60));
+  EXPECT_EQ(AreaOf(visible, 0xFF0000FF), QRect(140, 100, 60, 60));
+  EXPECT_EQ(AreaOf(visible, [](QRgb pixel) { return qRed(pixel) > 0xF0 && qBlue(pixel) < 0x10; }),
+            QRect(155, 130, 15, 30));
+  EXPECT_EQ(visible.pixel(99, 100), kGrey);
+  EXPECT_EQ(visible.pixel(200, 159), kGrey);
+}
+
+TEST_F(Compositor, LightsTheTextOfAButtonExactlyWhereItIsSeen) {
+  test::AddButton(project_, u"MM"_s, 1, u"Play it"_s, {100, 100, 300, 60},
+                  {u"FontSize=28"_s, u"Color=255,255,0"_s, u"Align=2"_s});
+  const ComposedMenu menu = Compose();
+  const QImage visible = PictureOf(menu, u"Backg.png");
+  const QImage high = PictureOf(menu, u"High.png");
+  const QImage act = PictureOf(menu, u"Act.png");
+  EXPECT_EQ(ColorsOf(high), (std::set<QRgb>{0, kFill}));
+  EXPECT_EQ(ColorsOf(act), (std::set<QRgb>{0, kActFill}));
+  qsizetype seen = 0;
+  for (int y = 0; y < 576; ++y) {
+    for (int x = 0; x < 720; ++x) {
+      const bool lit = high.pixel(x, y) == kFill;
+      ASSERT_EQ(lit, act.pixel(x, y) == kActFill);
+      const bool changed = visible.pixel(x, y) != kGrey;
+      ASSERT_TRUE(lit || !changed) << x << ' ' << y;
+      seen += changed ? 1 : 0;
+    }
+  }
+  // The faintest edges of a letter are lit, but need not change a pixel of the picture.
+  EXPECT_GT(seen * 10, CountOf(high, kFill) * 9);
+  EXPECT_TRUE(QRect(99, 100, 302, 61).contains(AreaOf(high, kFill)));
+}
+
+TEST_F(Compositor, DrawsWhatTheHighlightTypeSays) {
+  struct Case {
+    QString fill;
+    QString frame;
+    bool text;
+    bool framed;
+  };
+  const Case cases[] = {{u"Fill=1"_s, u"Frame=0"_s, true, false},
+                        {u"Fill=0"_s, u"Frame=1"_s, false, true},
+                        {u"Fill=1"_s, u"Frame=1"_s, true, true},
+                        {u"Fill=0"_s, u"Frame=0"_s, true, false}};
+  test::AddButton(project_, u"MM"_s, 1, kWord, {100, 100, 200, 100}, kBigFont);
+  project_.Tree.SetCaption(u"MMHT3"_s, u"Rounded=0"_s);
+  for (const Case& test : cases) {
+    test::SetCaptions(project_, {{u"MMHT1"_s, test.fill}, {u"MMHT2"_s, test.frame}});
+    const QImage high = PictureOf(Compose(), u"High.png");
+    EXPECT_EQ(CountOf(high, kFill) > 0, test.text) << test.fill.toStdString() << test.frame.toStdString();
+    EXPECT_EQ(AreaOf(high, kFrame), test.framed ? QRect(97, 98, 206, 105) : QRect());
+    EXPECT_EQ(CountOf(high, kFrame), test.framed ? 206 * 105 - 200 * 99 : 0);
+  }
+}
+
+TEST_F(Compositor, LightsTheAreaOfAnInvisibleButton) {
+  test::AddButton(project_, u"MM"_s, 1, u""_s, {100, 100, 50, 30}, {u"NormVis=0"_s});
+  const ComposedMenu menu = Compose();
+  EXPECT_EQ(ColorsOf(PictureOf(menu, u"Backg.png")), std::set{kGrey});
+  const QImage high = PictureOf(menu, u"High.png");
+  EXPECT_EQ(AreaOf(high, kFill), QRect(99, 100, 52, 31));
+  EXPECT_EQ(CountOf(high, kFill), 52 * 31);
+}
+
+TEST_F(Compositor, LeavesOutWhatCannotBeSelected) {
+  test::AddButton(project_, u"MM"_s, 1, u" "_s, {100, 100, 50, 30}, {u"NormVis=0"_s, u"FontUnderline=1"_s});
+  test::AddButton(project_, u"MM"_s, 2, kWord, {300, 100, 200, 100}, kBigFont);
+  project_.Tree.SetCaption(u"MMHT2"_s, u"Frame=1"_s);
+  project_.Tree.Remove(u"MMB2Action"_s);
+  const ComposedMenu menu = Compose();
+  EXPECT_EQ(ColorsOf(PictureOf(menu, u"High.png")), std::set<QRgb>{0});
+  EXPECT_TRUE(test::LinesWith(menu.SpuXml, "button").isEmpty());
+  EXPECT_GT(CountOf(PictureOf(menu, u"Backg.png"), 0xFFFFFFFF), 0);
+}
+
+TEST_F(Compositor, UsesMasksAsTheirHighlightSays) {
+  struct Case {
+    QString highlight;
+    bool shown;
+    QRect lit;
+  };
+  // The mask of 40 by 20 stands at (100, 100); its left half is opaque.
+  const Case cases[] = {{u"0"_s, true, {}},
+                        {u"1"_s, true, {100, 100, 20, 20}},
+                        {u"2"_s, true, {120, 100, 20, 20}},
+                        {u"3"_s, false, {100, 100, 20, 20}}};
+  test::AddButton(project_, u"MM"_s, 1, u" "_s, {100, 100, 40, 20});
+  test::AddMask(project_, u"MMB1"_s, HalfMask(), u"100"_s, u"0"_s);
+  project_.Tree.SetCaption(u"MMHT2"_s, u"Frame=1"_s);
+  for (const Case& test : cases) {
+    project_.Tree.SetCaption(u"MMB1GifMaskUseHigh"_s, u"Highlight=" + test.highlight);
+    const ComposedMenu menu = Compose();
+    const QImage high = PictureOf(menu, u"High.png");
+    EXPECT_EQ(AreaOf(high, kFill), test.lit) << test.highlight.toStdString();
+    EXPECT_EQ(CountOf(high, kFill), test.lit.width() * test.lit.height());
+    EXPECT_EQ(AreaOf(PictureOf(menu, u"Backg.png"), 0xFFFFFF00), test.shown ? QRect(100, 100, 20, 20) : QRect());
+    // A frame belongs to the text; a lit mask has none.
+    EXPECT_EQ(CountOf(high, kFrame) > 0, test.highlight == u"0");
+  }
+}
+
+TEST_F(Compositor, CutsTheTextOutOfALitMask) {
+  QImage full(10, 10, QImage::Format_ARGB32);
+  full.fill(0xFF00FFFF);
+  test::AddButton(project_, u"MM"_s, 1, kWord, {100, 100, 200, 100}, kBigFont + QStringList{u"NormVis=0"_s});
+  test::AddMask(project_, u"MMB1"_s, SavePicture(u"full.png"_s, full), u"100"_s, u"3"_s);
+  const QRegion solid = SolidText(Menu().Buttons().at(0).Drawing(), kWord);
+  EXPECT_EQ(ColorsIn(PictureOf(Compose(), u"High.png"), solid), std::set<QRgb>{0});
+  project_.Settings.ExclTextFromGifMask = false;
+  const QImage whole = PictureOf(Compose(), u"High.png");
+  EXPECT_EQ(CountOf(whole, kFill), 200 * 100);
+  // An outline widens the cut by a pixel on each side.
+  project_.Settings.ExclTextFromGifMask = true;
+  const qsizetype narrow = CountOf(PictureOf(Compose(), u"High.png"), kFill);
+  test::AddNode(project_, u"MMBP1"_s, u"MMBP1Outline|Outline=0,0,0"_s);
+  EXPECT_LT(CountOf(PictureOf(Compose(), u"High.png"), kFill), narrow);
+}
+
+TEST_F(Compositor, KeepsHighlightsPureWhereRedMeetsGreenAndMasksAreSoft) {
+  // Text that crosses its own frame, and a mask with soft edges, once inverted.
+  test::AddButton(project_, u"MM"_s, 1, u"Wide word"_s, {100, 100, 20, 20}, kBigFont);
+  QImage soft(64, 64, QImage::Format_ARGB32);
+  for (int y = 0; y < 64; ++y) {
+    for (int x = 0; x < 64; ++x) soft.setPixel(x, y, qRgba(40, 90, 200, x * 4));
+  }
+  const QString path = SavePicture(u"soft.png"_s, soft);
+  for (const int number : {2, 3}) {
+    test::AddButton(project_, u"MM"_s, number, u" "_s, {100 * number, 300, 50, 50});
+    test::AddMask(project_, ButtonKey(u"MM"_s, number), path, u"100"_s, QString::number(number - 1));
+  }
+  test::SetCaptions(project_, {{u"MMHT1"_s, u"Fill=1"_s}, {u"MMHT2"_s, u"Frame=1"_s}});
+  project_.Settings.DefMenuRatio = true;
+  const ComposedMenu menu = Compose();
+  for (const QStringView suffix : {u"High.png", u"HighL.png"}) {
+    EXPECT_EQ(ColorsOf(PictureOf(menu, suffix)), (std::set<QRgb>{0, kFill, kFrame}));
+  }
+  for (const QStringView suffix : {u"Act.png", u"ActL.png"}) {
+    EXPECT_EQ(ColorsOf(PictureOf(menu, suffix)), (std::set<QRgb>{0, kActFill, kActFrame}));
+  }
+}
+
+TEST_F(Compositor, PutsTheHighlightsOfAWideMenuIntoTheLetterbox) {
+  struct Case {
+    bool pal;
+    QRect lit;
+    QRect letterbox;
+  };
+  // Line 100 is shown at 147 for PAL and 135 for NTSC.
+  const Case cases[] = {{true, {99, 100, 52, 41}, {99, 147, 52, 31}}, {false, {99, 100, 52, 41}, {99, 135, 52, 31}}};
+  project_.Settings.DefMenuRatio = true;
+  test::AddButton(project_, u"MM"_s, 1, u""_s, {100, 100, 50, 40}, {u"NormVis=0"_s});
+  for (const Case& test : cases) {
+    project_.Settings.VideoNormPal = test.pal;
+    for (const QString& blur : {u"Blur=0"_s, u"Blur=1"_s}) {
+      project_.Tree.SetCaption(u"MMBGBlur"_s, blur);
+      const ComposedMenu menu = Compose();
+      const auto lit = [](QRgb pixel) { return qAlpha(pixel) > 200; };
+      const QRect high = AreaOf(PictureOf(menu, u"High.png"), lit);
+      const QRect letterbox = AreaOf(PictureOf(menu, u"HighL.png"), lit);
+      // Soft edges make the fully lit area at most a pixel smaller on each side.
+      const int slack = blur.endsWith(u'1') ? 1 : 0;
+      EXPECT_TRUE(test.lit.contains(high) && high.contains(test.lit.adjusted(slack, slack, -slack, -slack)));
+      EXPECT_TRUE(test.letterbox.contains(letterbox) &&
+                  letterbox.contains(test.letterbox.adjusted(slack, slack, -slack, -slack)))
+          << letterbox.x() << ' ' << letterbox.y() << ' ' << letterbox.width() << ' ' << letterbox.height();
+    }
+  }
+}
+
+TEST_F(Compositor, SoftensMenusIntoFourColors) {
+  test::AddButton(project_, u"MM"_s, 1, u"Soft text"_s, {100, 100, 300, 60}, {u"FontSize=28"_s});
+  test::SetCaptions(project_, {{u"MMBGBlur"_s, u"Blur=1"_s},
+                               {u"MMBGBlurX"_s, u"BlurX=90"_s},
+                               {u"MMBGBlurY"_s, u"BlurY=90"_s},
+                               {u"MMHCT1"_s, u"Transparenz=20%"_s}});
+  const QImage soft = PictureOf(Compose(), u"Backg.png");
+  const QImage high = PictureOf(Compose(), u"High.png");
+  EXPECT_EQ(high.format(), QImage::Format_Indexed8);
+  EXPECT_EQ(ColorsOf(high), (std::set<QRgb>{0, 0xCCFF0000, 0x8FFF0000, 0x3DFF0000}));
+  EXPECT_EQ(ColorsOf(PictureOf(Compose(), u"Act.png")), (std::set<QRgb>{0, 0xFF0000FF, 0xB20000FF, 0x4C0000FF}));
+
+  project_.Tree.SetCaption(u"MMHT2"_s, u"Frame=1"_s);
+  EXPECT_EQ(ColorsOf(PictureOf(Compose(), u"High.png")), (std::set<QRgb>{0, 0xCCFF0000, kFrame, 0x7AFF0000}));
+
+  project_.Tree.SetCaption(u"MMBGBlur"_s, u"Blur=0"_s);
+  QImage sharp = PictureOf(Compose(), u"Backg.png");
+  EXPECT_NE(sharp, soft);
+  Blur32HV(sharp, 90, 90);
+  EXPECT_EQ(sharp.convertToFormat(QImage::Format_RGB32), soft);
+}
+
+TEST_F(Compositor, TakesTheBlurThatAMenuLacksFromTheSettings) {
+  test::AddButton(project_, u"MM"_s, 1, kWord, {100, 100, 200, 100}, kBigFont);
+  for (const QString& key : {u"MMBGBlur"_s, u"MMBGBlurX"_s, u"MMBGBlurY"_s}) project_.Tree.Remove(key);
+  QImage expected = PictureOf(Compose(), u"Backg.png");
+  project_.Settings.UseBlur = true;
+  project_.Settings.BlurX = 30;
+  project_.Settings.BlurY = 70;
+  Blur32HV(expected, 30, 70);
+  EXPECT_EQ(PictureOf(Compose(), u"Backg.png"), expected.convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(Compositor, LabelsThrowShadowsOnWhatLiesBelowThem) {
+  test::AddLabel(project_, u"MM"_s, 37, kWord, {100, 100, 300, 100},
+                 kBigFont + QStringList{u"Shadow=1"_s, u"Color=255,255,0"_s});
+  project_.Settings.DefShadow = u"128;150;100;1;"_s;
+  const QRegion text = SolidText(Menu().Labels().at(0).Drawing(), kWord);
+  const ComposedMenu menu = Compose();
+  const QImage visible = PictureOf(menu, u"Backg.png");
+  EXPECT_EQ(ColorsIn(visible, text), std::set<QRgb>{0xFFFFFF00});
+  // 100 is darkened by 128 / 255.
+  const std::set<QRgb> shadow = ColorsIn(visible, text.translated(150, 100));
+  ASSERT_EQ(shadow.size(), 1U);
+  EXPECT_NEAR(qRed(*shadow.begin()), 50, 1);
+  // Labels never light up.
+  EXPECT_EQ(ColorsOf(PictureOf(menu, u"High.png")), std::set<QRgb>{0});
+
+  test::AddNode(project_, u"MMLP37"_s, u"MMLP37Outline|Outline=0,0,255"_s);
+  const QImage outlined = PictureOf(Compose(), u"Backg.png");
+  const auto dark = [](QRgb pixel) { return qRed(pixel) < 90 && qRed(pixel) > 40 && qRed(pixel) == qBlue(pixel); };
+  EXPECT_EQ(AreaOf(outlined, dark).right(), AreaOf(visible, dark).right() + 1);
+}
+
+TEST_F(Compositor, LabelsHaveBlockEdgesAndOutlines) {
+  struct Case {
+    QStringList attributes;
+    QRgb expected;  ///< what stands behind the text, where only the block edge reaches
+  };
+  const Case cases[] = {{{u"Block=1"_s}, qRgb(127, 99, 0)},
+                        {{u"Block=1"_s, u"Outline=0,0,255"_s}, qRgb(0, 0, 255)},
+                        {{u"Outline=0,0,255"_s}, kGrey},
+                        {{}, kGrey}};
+  project_.Settings.DefBlock = u"128;60;0;1;"_s;
+  for (const Case& test : cases) {
+    project_.Tree.Remove(u"MML37"_s);
+    test::AddLabel(project_, u"MM"_s, 37, u"I"_s, {100, 100, 300, 100},
+                   kBigFont + QStringList{u"Color=255,200,0"_s} + test.attributes);
+    const QRegion text = SolidText(Menu().Labels().at(0).Drawing(), u"I"_s);
+    const QImage visible = PictureOf(Compose(), u"Backg.png");
+    EXPECT_EQ(ColorsIn(visible, text), std::set{qRgb(255, 200, 0)});
+    EXPECT_EQ(ColorsIn(visible, text.translated(60, 0)), std::set{test.expected})
+        << test.attributes.join(u' ').toStdString();
+    EXPECT_EQ(CountOf(visible, qRgb(0, 0, 255)) > 0,
+              !test.attributes.isEmpty() && test.attributes.last() != u"Block=1");
+  }
+}
+
+TEST_F(Compositor, ScalesTheValueOfAColorAlone) {
+  EXPECT_EQ(WithValue(qRgb(255, 128, 0), 1), qRgb(255, 128, 0));
+  EXPECT_EQ(WithValue(qRgb(255, 128, 1), 1 - 128 / 255.0), qRgb(127, 63, 0));
+  EXPECT_EQ(WithValue(qRgb(255, 128, 1), 0), qRgb(0, 0, 0));
+  EXPECT_EQ(WithValue(qRgb(255, 128, 1), -3), qRgb(0, 0, 0));
+  EXPECT_EQ(WithValue(qRgb(200, 100, 50), 2), qRgb(255, 200, 100));
+}
+
+TEST_F(Compositor, TellsWhetherTheButtonsKeepTheRules) {
+  test::AddButton(project_, u"MM"_s, 1, u"a"_s, {100, 100, 80, 40});
+  EXPECT_TRUE(Compose().ButtonsValid);
+  test::AddButton(project_, u"MM"_s, 2, u"b"_s, {150, 120, 80, 40});
+  EXPECT_FALSE(Compose().ButtonsValid);
+  test::SetDrawing(project_, u"MMBP2"_s, {u"Top=530"_s});
+  EXPECT_TRUE(Compose().ButtonsValid);
+  project_.Settings.VideoNormPal = false;
+  EXPECT_FALSE(Compose().ButtonsValid);
+}
+
+TEST_F(Compositor, SurvivesDamagedNumbers) {
+  for (int number = 1; number <= 3; ++number) {
+    test::AddButton(project_, u"MM"_s, number, u"text\r\n\r\nmore"_s, {100, 100, 80, 40},
+                    {u"Left=99999999999"_s, u"Top=-99999999999"_s, u"Width=99999999999"_s, u"Height=-1"_s,
+                     u"FontSize=1e9"_s, u"Align=7"_s, u"Outline=x"_s});
+  }
+  test::AddMask(project_, u"MMB2"_s, HalfMask(), u"99999999"_s, u"1"_s, 1 << 30, -(1 << 30));
+  test::AddLabel(project_, u"MM"_s, 37, u"x"_s, {0, 0, 1, 1}, {u"Shadow=1"_s, u"Block=1"_s, u"FontSize=-5"_s});
+  test::SetCaptions(project_, {{u"MMHT2"_s, u"Frame=1"_s},
+                               {u"MMBGBlur"_s, u"Blur=1"_s},
+                               {u"MMBGBlurX"_s, u"BlurX=99999999999"_s},
+                               {u"MMBGBlurY"_s, u"BlurY=-5"_s}});
+  project_.Settings.DefFrameWidth = 1 << 30;
+  project_.Settings.DefShadow = u"1e9;-99999999999;99999999999;1;"_s;
+  project_.Settings.DefBlock = u"-1e9;99999999999;-99999999999;1;"_s;
+  EXPECT_FALSE(Compose().ButtonsValid);
+}
+
+}  // namespace
+}  // namespace torvane

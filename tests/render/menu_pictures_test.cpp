@@ -1,0 +1,98 @@
+#include "render/menu_pictures.h"
+
+#include <QProcess>
+
+#include "menu_fixture.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+class MenuPictures : public test::MenuFixture {
+ protected:
+  QString Host(const QString& name) const { return dir_.filePath(name); }
+
+  /// Runs a shell command in the directory of the pictures and answers its whole output.
+  QString Shell(const QString& command) const {
+    QProcess shell;
+    shell.setWorkingDirectory(dir_.path());
+    shell.setProcessChannelMode(QProcess::MergedChannels);
+    shell.start(u"sh"_s, {u"-ec"_s, command});
+    EXPECT_TRUE(shell.waitForFinished(60000)) << command.toStdString();
+    const QString output = QString::fromUtf8(shell.readAll());
+    EXPECT_EQ(shell.exitCode(), 0) << command.toStdString() << '\n' << output.toStdString();
+    return output;
+  }
+};
+
+TEST_F(MenuPictures, ComeBackFromTheirFilesAsTheyWere) {
+  test::AddButton(project_, u"MM"_s, 1, u"Some text"_s, {100, 100, 300, 60}, {u"FontSize=28"_s});
+  for (const QString& blur : {u"Blur=0"_s, u"Blur=1"_s}) {
+    project_.Tree.SetCaption(u"MMBGBlur"_s, blur);
+    const ComposedMenu menu = Compose();
+    ASSERT_TRUE(WriteMenuPictures(menu.Pictures, menu.MenuKey, project_.Settings.TempDir));
+    for (const MenuPicture& picture : menu.Pictures) {
+      const QImage loaded(Host(u"MM" + picture.Suffix));
+      EXPECT_EQ(loaded.convertToFormat(QImage::Format_ARGB32), picture.Image.convertToFormat(QImage::Format_ARGB32))
+          << picture.Suffix.toStdString();
+    }
+  }
+}
+
+TEST_F(MenuPictures, FailWithTheNameOfTheFileThatCannotBeWritten) {
+  const Status written = WriteMenuPictures(Compose().Pictures, u"MM"_s, project_.Settings.TempDir + u"\\none");
+  ASSERT_FALSE(written);
+  EXPECT_TRUE(written.Error().contains(u"none/MMHigh.png"_s)) << written.Error().toStdString();
+}
+
+TEST_F(MenuPictures, AreEncodedAsTheExtensionSays) {
+  QImage picture(16, 16, QImage::Format_RGB32);
+  picture.fill(0xFF204060);
+  EXPECT_EQ(EncodePicture(picture, u"C:\\a.png"_s)->left(4), QByteArray("\x89PNG"));
+  EXPECT_EQ(EncodePicture(picture, u"C:\\a.JPG"_s)->left(2), QByteArray("\xFF\xD8"));
+  EXPECT_EQ(EncodePicture(picture, u"C:\\a.bmp"_s)->left(2), QByteArray("BM"));
+  EXPECT_FALSE(EncodePicture(picture, u"C:\\a.xyz"_s));
+  EXPECT_FALSE(EncodePicture(picture, u"C:\\a"_s));
+}
+
+TEST_F(MenuPictures, AreTakenBySpumux) {
+  test::AddButton(project_, u"MM"_s, 1, u"First\r\nbutton"_s, {100, 100, 200, 80}, {u"FontSize=28"_s});
+  test::AddButton(project_, u"MM"_s, 2, u""_s, {400, 100, 200, 80}, {u"NormVis=0"_s});
+  test::AddButton(project_, u"MM"_s, 3, u" "_s, {100, 300, 80, 40});
+  test::AddMask(project_, u"MMB3"_s, HalfMask(), u"100"_s, u"1"_s);
+  project_.Tree.SetCaption(u"MMHCT1"_s, u"Transparenz=41%"_s);
+  project_.Settings.DefMenuRatio = true;
+  Shell(u"ffmpeg -loglevel error -f lavfi -i color=size=720x576:rate=25 -frames:v 10 -target pal-dvd in.mpg"_s);
+  for (const QString& blur : {u"Blur=0"_s, u"Blur=1"_s}) {
+    for (const QString& frame : {u"Frame=0"_s, u"Frame=1"_s}) {
+      test::SetCaptions(project_, {{u"MMBGBlur"_s, blur}, {u"MMHT2"_s, frame}, {u"MMHT1"_s, u"Fill=1"_s}});
+      const ComposedMenu menu = Compose();
+      ASSERT_TRUE(menu.ButtonsValid);
+      ASSERT_TRUE(WriteMenuPictures(menu.Pictures, menu.MenuKey, project_.Settings.TempDir));
+      for (const auto& [name, text] : {std::pair(u"Spu.xml"_s, menu.SpuXml), std::pair(u"SpuL.xml"_s, menu.SpuLXml)}) {
+        QByteArray native = text;
+        native.replace(QByteArray(project_.Settings.TempDir.toUtf8() + '\\'), QByteArray(dir_.path().toUtf8() + '/'));
+        ASSERT_TRUE(HostFiles::WriteAtomically(project_.Settings.TempDir + u'\\' + name, native));
+        const QString output = Shell(u"VIDEO_FORMAT=PAL spumux " + name + u" < in.mpg > out.mpg");
+        EXPECT_TRUE(output.contains(u"1 subtitles added, 0 subtitles skipped"_s))
+            << blur.toStdString() << ' ' << frame.toStdString() << '\n'
+            << output.toStdString();
+      }
+    }
+  }
+}
+
+TEST_F(MenuPictures, SurviveJpegAtFullQuality) {
+  QImage black(720, 576, QImage::Format_RGB32);
+  black.fill(Qt::black);
+  const Result<QByteArray> jpeg = EncodePicture(black, u"EmptyBackg.jpg"_s);
+  ASSERT_TRUE(jpeg);
+  ASSERT_TRUE(HostFiles::WriteAtomically(project_.Settings.TempDir + u"\\EmptyBackg.jpg", *jpeg));
+  EXPECT_EQ(ColorsOf(QImage(Host(u"EmptyBackg.jpg"_s))), std::set{kPlaneBlack});
+  const QString output = Shell(u"jpeg2yuv -n 1 -I t -L 1 -f 25 -j EmptyBackg.jpg 2>log | head -c 60"_s);
+  EXPECT_TRUE(output.startsWith(u"YUV4MPEG2 W720 H576 F25:1 It"_s)) << output.toStdString();
+}
+
+}  // namespace
+}  // namespace torvane
