@@ -12,12 +12,22 @@ bool Is32Bit(const QImage& image) {
   return image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32;
 }
 
+/// Planes consist of long runs of one colour: what a run becomes is worked out once.
 template <class Recolor>
 void ForEachPixel(QImage& image, Recolor recolor) {
   image.convertTo(QImage::Format_ARGB32);
+  const int width = image.width();
+  QRgb last = 0;
+  QRgb result = recolor(last);
   for (int y = 0; y < image.height(); ++y) {
     auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    std::transform(line, line + image.width(), line, recolor);
+    for (QRgb* pixel = line; pixel != line + width; ++pixel) {
+      if (*pixel != last) {
+        last = *pixel;
+        result = recolor(last);
+      }
+      *pixel = result;
+    }
   }
 }
 

@@ -28,13 +28,14 @@ QFont MakeFont(const FontRecord& record) {
   return font;
 }
 
-int Mixed(int below, int above, int alpha) {
-  return (above * alpha + below * (255 - alpha) + 127) / 255;
-}
-
-QRgb Mixed(QRgb below, QRgb above, int alpha) {
-  return qRgb(Mixed(qRed(below), qRed(above), alpha), Mixed(qGreen(below), qGreen(above), alpha),
-              Mixed(qBlue(below), qBlue(above), alpha));
+/// One colour over another, each component rounded to nearest. Red and blue go through the same multiplication.
+QRgb Mixed(QRgb below, QRgb above, QRgb alpha) {
+  constexpr QRgb kRedAndBlue = 0x00FF00FF;
+  const auto mix = [alpha](QRgb low, QRgb high) {
+    const QRgb sum = (high & kRedAndBlue) * alpha + (low & kRedAndBlue) * (255 - alpha) + 0x00800080;
+    return ((sum + ((sum >> 8) & kRedAndBlue)) >> 8) & kRedAndBlue;
+  };
+  return 0xFF000000 | mix(below, above) | mix(below >> 8 & 0xFF, above >> 8 & 0xFF) << 8;
 }
 
 QImage AlphaOf(const QImage& picture) {
@@ -120,10 +121,11 @@ QSize CalculateSize(const FontRecord& font, const QString& text) {
 void Print(QImage& plane, QPoint position, const LineCoverage& line, QRgb color) {
   const QPoint corner = position + line.offset;
   const QRect area = QRect(corner, line.alpha.size()) & plane.rect();
+  const int width = area.width();
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    const uchar* alpha = line.alpha.constScanLine(y - corner.y()) - corner.x();
-    auto* pixels = reinterpret_cast<QRgb*>(plane.scanLine(y));
-    for (int x = area.left(); x <= area.right(); ++x) {
+    const uchar* alpha = line.alpha.constScanLine(y - corner.y()) + area.left() - corner.x();
+    auto* pixels = reinterpret_cast<QRgb*>(plane.scanLine(y)) + area.left();
+    for (int x = 0; x < width; ++x) {
       if (alpha[x] == 0) continue;
       pixels[x] = alpha[x] == 255 ? color : Mixed(pixels[x], color, alpha[x]);
     }

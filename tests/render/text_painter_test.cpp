@@ -150,7 +150,7 @@ TEST(TextPainter, CutsOffHugeAndFarTexts) {
   FontRecord huge = Arial(1e9);
   const TextPainter painter(huge);
   QImage plane = Plane();
-  const TextLine line{QString(500, u'W'), {-20000, -100}};
+  const TextLine line{QString(500, u'W'), {-20000, -1200}};
   const LineCoverage coverage = painter.Draw(line, plane.size());
   EXPECT_LE(coverage.alpha.width(), plane.width() + 2 * kMaxPrintOffset);
   Print(plane, line.position, coverage, 0xFFFFFFFF);
