@@ -1,6 +1,6 @@
 #include "cli/command_line.h"
 
-#include <array>
+#include <cmath>
 
 #include "cli/settings_commands.h"
 #include "core/messages.h"
@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-constexpr std::array<CommandHelp, 10> kCommands{{
+constexpr CommandHelp kCommands[] = {
     {u"new", u"OUT.tvn", u"Saves the default project made from the settings in force.",
      u"torvane-cli --set VideoNormPal=0 new ntsc.tvn", 1, 1},
     {u"tree", u"P.tvn", u"Prints every node: depth, key, image, tag and caption, separated by TAB.",
@@ -33,7 +33,14 @@ constexpr std::array<CommandHelp, 10> kCommands{{
      u"torvane-cli settings set VideoNormPal=0 OutDir=/home/me/disc", 1, -1},
     {u"preset", u"save|load FILE.tvp", u"Saves the look of menus and elements as a preset, or stores that of one.",
      u"torvane-cli preset load blue.tvp", 2, 2},
-}};
+    {u"analyse", u"FILE...", u"Judges video and audio files and prints what is known of each as JSON, one object a line.",
+     u"torvane-cli analyse holiday.m2v holiday.ac3", 1, -1},
+    {u"chapters", u"FILE --fps F [--duration S] [--frames yes|no]",
+     u"Reads a text file of chapter marks and prints the chapter list; --frames tells whether fractions are frames.",
+     u"torvane-cli chapters holiday.txt --fps 25 --duration 3600", 1, 1},
+    {u"palette", u"FILE", u"Reads a subtitle palette (ifo, pal, rgb, sst): prints the packed colours, then each as R, G, B.",
+     u"torvane-cli palette VTS_01_0.IFO", 1, 1},
+};
 
 constexpr QStringView kUsage =
     u"torvane-cli [--profile DIR] [--settings FILE] [--set KEY=VALUE]... [--lang en|de] [--assume yes|no|default] "
@@ -118,6 +125,16 @@ class Parser {
       line_.outputDir = value;
     } else if (name == u"--mode") {
       return Choice(name, value, {{u"0", 0}, {u"1", 1}, {u"2", 2}}, line_.mode);
+    } else if (name == u"--frames") {
+      line_.frames = AnswerPolicy::Default;
+      return Choice(name, value, {{u"yes", AnswerPolicy::Yes}, {u"no", AnswerPolicy::No}}, *line_.frames);
+    } else if (name == u"--fps") {
+      line_.fps = value.toFloat();
+      if (!(line_.fps > 0) || std::isinf(line_.fps)) return Failure{u"--fps takes a number above 0, not \"%1\"."_s.arg(value)};
+    } else if (name == u"--duration") {
+      bool isNumber = false;
+      line_.duration = value.toDouble(&isNumber);
+      if (!isNumber || !(*line_.duration >= 0)) return Failure{u"--duration takes seconds, not \"%1\"."_s.arg(value)};
     } else {
       return Failure{u"There is no option %1."_s.arg(name)};
     }
@@ -152,6 +169,9 @@ class Parser {
     }
     if (line_.command == u"settings") return CheckSettingsArguments(line_.arguments);
     if (line_.command == u"preset") return CheckPresetArguments(line_.arguments);
+    if (line_.command == u"chapters" && line_.fps == 0) {
+      return Failure{u"The command chapters needs the frame rate of the film: --fps F"_s};
+    }
     return {};
   }
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 #include "core/settings_overrides.h"
 #include "platform/result.h"
@@ -26,6 +27,9 @@ struct CommandLine {
   AnswerPolicy answers = AnswerPolicy::Default;
   QString outputDir;                  ///< of -o
   int mode = 0;                       ///< of --mode
+  float fps = 0;                      ///< of --fps; 0 when not given
+  std::optional<double> duration;     ///< of --duration, in seconds
+  std::optional<AnswerPolicy> frames; ///< of --frames
   bool wantsHelp = false;
   bool wantsVersion = false;
 };

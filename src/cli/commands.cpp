@@ -4,6 +4,7 @@
 
 #include "cli/cli_prompter.h"
 #include "cli/console_view.h"
+#include "cli/media_commands.h"
 #include "cli/settings_commands.h"
 #include "cli/tree_text.h"
 #include "compilers/disc_checks.h"
@@ -169,6 +170,7 @@ int RunCommand(const CommandLine& line) {
   const Settings settings =
       LoadSettings({.profileDir = line.profileDir, .overrides = *overrides, .appPath = ProgramDir()}, prompter);
   if (line.command == u"preset") return RunPresetCommand(line, settings, prompter);
+  if (IsMediaCommand(line.command)) return RunMediaCommand(line, prompter);
   return Session(line, settings, prompter).Run();
 }
 

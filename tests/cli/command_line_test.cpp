@@ -31,6 +31,10 @@ TEST(CommandLineParser, RefusesWrongUsageWithAReason) {
       {{u"tree"_s, u"a"_s, u"--colour"_s, u"x"_s}, u"There is no option --colour."_s},
       {{u"tree"_s, u"a"_s, u"--set"_s}, u"--set needs a value."_s},
       {{u"compose"_s, u"a"_s, u"MM"_s}, u"The command compose needs a directory for its pictures: -o DIR"_s},
+      {{u"chapters"_s, u"a"_s}, u"The command chapters needs the frame rate of the film: --fps F"_s},
+      {{u"chapters"_s, u"a"_s, u"--fps"_s, u"0"_s}, u"--fps takes a number above 0, not \"0\"."_s},
+      {{u"chapters"_s, u"a"_s, u"--duration=x"_s}, u"--duration takes seconds, not \"x\"."_s},
+      {{u"chapters"_s, u"a"_s, u"--frames=default"_s}, u"--frames takes yes, no, not \"default\"."_s},
   };
   for (const auto& [arguments, reason] : cases) {
     const Result<CommandLine> line = ParseCommandLine(arguments);
@@ -42,7 +46,8 @@ TEST(CommandLineParser, RefusesWrongUsageWithAReason) {
 
 TEST(CommandLineParser, HelpShowsAnExampleOfEachCommand) {
   const QString help = HelpText({});
-  for (const QString& command : {u"new"_s, u"tree"_s, u"save"_s, u"compile"_s, u"build"_s, u"check"_s, u"compose"_s, u"run"_s}) {
+  for (const QString& command : {u"new"_s, u"tree"_s, u"save"_s, u"compile"_s, u"build"_s, u"check"_s, u"compose"_s, u"run"_s,
+                                 u"analyse"_s, u"chapters"_s, u"palette"_s}) {
     EXPECT_TRUE(help.contains(HelpText(command)));
     EXPECT_TRUE(HelpText(command).contains(u"Example: torvane-cli "));
   }
