@@ -1,7 +1,9 @@
 #include "cli/command_line.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "cli/edit_commands.h"
 #include "cli/settings_commands.h"
 #include "core/messages.h"
 
@@ -17,6 +19,7 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli tree holiday.tvn", 1, 1},
     {u"save", u"P.tvn OUT.tvn", u"Loads a project and saves it under another name.",
      u"torvane-cli save old.tvn new.tvn", 2, 2},
+    {u"info", u"P.tvn", u"Prints what a project holds and what is wrong with it.", u"torvane-cli info holiday.tvn", 1, 1},
     {u"compile", u"P.tvn", u"Create Batch: writes all control files, batches and pictures, and runs nothing.",
      u"torvane-cli --set TempDir=/tmp/batches compile holiday.tvn", 1, 1},
     {u"build", u"P.tvn", u"Create DVD: compiles the project and makes the disc.",
@@ -25,7 +28,7 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli check holiday.tvn", 1, 1},
     {u"compose", u"P.tvn MENUKEY -o DIR [--mode 0|1|2]",
      u"Draws one menu and writes its pictures: for the disc (0), as preview (1) or for a script (2).",
-     u"torvane-cli compose holiday.tvn MM -o /tmp/pictures", 2, 2},
+     u"torvane-cli compose holiday.tvn MM -o /tmp/pictures", 2, 2, u"-o --mode"},
     {u"run", u"BATCH...", u"Runs batch files of the temporary directory.",
      u"torvane-cli --set TempDir=/tmp/batches run batchrun0.bat author.bat", 1, -1},
     {u"settings", u"list | get KEY | set KEY=VALUE...",
@@ -54,6 +57,17 @@ constexpr QStringView kOptions =
     u"  --assume POLICY    answer questions with yes, no, or each one's own default\n"
     u"  --help             this text, or that of a command\n"
     u"  --version          the version of the program\n";
+
+bool Takes(const CommandHelp& command, const QString& option) {
+  return command.options.toString().split(u' ').contains(option);
+}
+
+/// True for an option that some command has of its own.
+bool IsOwnOption(const QString& option) {
+  const auto takes = [&option](const CommandHelp& command) { return Takes(command, option); };
+  return std::any_of(kCommands.begin(), kCommands.end(), takes) ||
+         std::any_of(EditCommands().begin(), EditCommands().end(), takes);
+}
 
 /// Walks the arguments; options take their value from the next argument or from behind "=".
 class Parser {
@@ -122,7 +136,7 @@ class Parser {
       return Choice(name, value, {{u"yes", AnswerPolicy::Yes}, {u"no", AnswerPolicy::No}, {u"default", AnswerPolicy::Default}},
                     line_.answers);
     } else if (name == u"-o") {
-      line_.outputDir = value;
+      line_.output = value;
     } else if (name == u"--mode") {
       return Choice(name, value, {{u"0", 0}, {u"1", 1}, {u"2", 2}}, line_.mode);
     } else if (name == u"--frames") {
@@ -135,6 +149,8 @@ class Parser {
       bool isNumber = false;
       line_.duration = value.toDouble(&isNumber);
       if (!isNumber || !(*line_.duration >= 0)) return Failure{u"--duration takes seconds, not \"%1\"."_s.arg(value)};
+    } else if (IsOwnOption(name)) {
+      line_.options[name] << value;
     } else {
       return Failure{u"There is no option %1."_s.arg(name)};
     }
@@ -164,7 +180,10 @@ class Parser {
     if (count < command->least || (command->most >= 0 && count > command->most)) {
       return Failure{u"The command is: %1 %2"_s.arg(command->name, command->arguments)};
     }
-    if (line_.command == u"compose" && line_.outputDir.isEmpty()) {
+    for (const QString& option : line_.options.keys()) {
+      if (!Takes(*command, option)) return Failure{u"The command %1 takes no %2."_s.arg(line_.command, option)};
+    }
+    if (line_.command == u"compose" && line_.output.isEmpty()) {
       return Failure{u"The command compose needs a directory for its pictures: -o DIR"_s};
     }
     if (line_.command == u"settings") return CheckSettingsArguments(line_.arguments);
@@ -193,6 +212,9 @@ const CommandHelp* FindCommand(QStringView name) {
   for (const CommandHelp& command : kCommands) {
     if (command.name == name) return &command;
   }
+  for (const CommandHelp& command : EditCommands()) {
+    if (command.name == name) return &command;
+  }
   return nullptr;
 }
 
@@ -200,6 +222,8 @@ QString HelpText(const QString& command) {
   if (const CommandHelp* help = FindCommand(command)) return CommandText(*help);
   QString text = kUsage + u"\n\nTorvane without a window: checks, compiles and authors DVD projects.\n\nCommands\n";
   for (const CommandHelp& each : kCommands) text += CommandText(each);
+  text += u"\nCommands that change a project (menu M is MM without --menu, and without -o the project itself is saved)\n";
+  for (const CommandHelp& each : EditCommands()) text += CommandText(each);
   return text + u"\nOptions\n" + kOptions +
          u"\nExit codes: 0 done, 1 the work failed or was refused, 2 wrong usage.\n"
          u"A folder named by TORVANE_DRIVE_C is drive C; paths may be written in either form.\n";

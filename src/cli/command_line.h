@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -25,11 +26,12 @@ struct CommandLine {
   QList<SettingOverride> overrides;   ///< of --set, in order
   int language = 0;                   ///< 1000 English, 2000 German; 0 as the settings say
   AnswerPolicy answers = AnswerPolicy::Default;
-  QString outputDir;                  ///< of -o
+  QString output;                     ///< of -o: a directory, or the file to save to
   int mode = 0;                       ///< of --mode
   float fps = 0;                      ///< of --fps; 0 when not given
   std::optional<double> duration;     ///< of --duration, in seconds
   std::optional<AnswerPolicy> frames; ///< of --frames
+  QHash<QString, QStringList> options = {};  ///< those of the command itself, by name; each with all its values
   bool wantsHelp = false;
   bool wantsVersion = false;
 };
@@ -46,6 +48,7 @@ struct CommandHelp {
   QStringView example;
   int least;  ///< number of arguments, at the least and at the most (-1: any number)
   int most;
+  QStringView options = {};  ///< names of the options of its own that it takes, separated by blanks
 };
 
 /// The help of a command, or null.

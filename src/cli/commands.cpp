@@ -1,10 +1,13 @@
 #include "cli/commands.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "cli/cli_prompter.h"
 #include "cli/console_view.h"
 #include "cli/media_commands.h"
+#include "cli/edit_commands.h"
+#include "cli/project_info.h"
 #include "cli/settings_commands.h"
 #include "cli/tree_text.h"
 #include "compilers/disc_checks.h"
@@ -34,7 +37,9 @@ class Session {
     if (line_.command == u"new") return New();
     if (line_.command == u"run") return RunBatches({.BatchList = line_.arguments});
     if (!LoadProject(project_, HostFiles::FromUser(line_.arguments.front()), prompter_)) return kExitFailed;
+    if (IsEditCommand()) return EditProject();
     if (line_.command == u"tree") return Tree();
+    if (line_.command == u"info") return Info();
     if (line_.command == u"save") return Save(line_.arguments.back());
     if (line_.command == u"compile") return Compile();
     if (line_.command == u"build") return Build();
@@ -56,6 +61,22 @@ class Session {
   int Tree() {
     PrintOut(TreeText(project_.Tree));
     return kExitDone;
+  }
+
+  int Info() {
+    PrintOut(ProjectInfo(project_));
+    return kExitDone;
+  }
+
+  bool IsEditCommand() const {
+    const auto commands = EditCommands();
+    return std::any_of(commands.begin(), commands.end(),
+                       [this](const CommandHelp& command) { return command.name == line_.command; });
+  }
+
+  int EditProject() {
+    if (!RunEditCommand(line_, project_, prompter_)) return kExitFailed;
+    return Save(line_.output.isEmpty() ? line_.arguments.front() : line_.output);
   }
 
   int Compile() {
@@ -121,7 +142,7 @@ class Session {
 
 int Session::Compose() {
   const QString& key = line_.arguments.back();
-  const QString dir = HostFiles::FromUser(line_.outputDir);
+  const QString dir = HostFiles::FromUser(line_.output);
   project_.Settings.TempDir = dir;  // the control file names its pictures where they are written
   const MenuView menu(project_.Tree, key);
   const Result<ComposedMenu> composed = ComposeMenu(menu, project_.Settings, static_cast<ComposeMode>(line_.mode));

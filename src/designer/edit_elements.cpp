@@ -40,13 +40,6 @@ bool HasPlayAll(const Project& project) {
   return false;
 }
 
-/// A titleset has the chapters of its film, an audio titleset its titles.
-int ChapterCount(const Project& project, int titleSet) {
-  const FilmView film(project.Tree, titleSet);
-  if (film.IsAudioTitleSet()) return ValToInt(film.Text(film_node::AudioTitles).value_or(QString()));
-  return int(film.Chapters().split(u',', Qt::SkipEmptyParts).size());
-}
-
 bool DeleteButton(EditContext& context, const QString& menu, int number) {
   Project& project = context.project;
   const ButtonView button(project.Tree, ButtonKey(menu, number), number, ButtonPropertiesKey(menu, number));
@@ -128,6 +121,12 @@ bool AddPlayAllButton(EditContext& context, const ElementPlace& place) {
   }
   return AddButton(context, {.kind = ButtonKind::Free, .text = u"Play all"_s, .action = kPlayAllAction.toString()},
                    place, u"Add Play all button"_s);
+}
+
+int ChapterCount(const Project& project, int titleSet) {
+  const FilmView film(project.Tree, titleSet);
+  if (film.IsAudioTitleSet()) return ValToInt(film.Text(film_node::AudioTitles).value_or(QString()));
+  return int(film.Chapters().split(u',', Qt::SkipEmptyParts).size());
 }
 
 QString ChapterButtonText(const Project& project, int chapter, const QString& time) {

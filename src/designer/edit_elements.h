@@ -13,6 +13,9 @@ bool AddFreeButton(EditContext& context, const QString& text, const QString& act
 /// The one button of the main menu that plays all titles.
 bool AddPlayAllButton(EditContext& context, const ElementPlace& place);
 
+/// Chapters of a titleset's film, or titles of its audio titleset.
+int ChapterCount(const Project& project, int titleSet);
+
 /// Text of the button of a chapter: the settings choose the word and whether number and time follow.
 QString ChapterButtonText(const Project& project, int chapter, const QString& time);
 

@@ -81,24 +81,31 @@ int ButtonNumberOf(const Project& project, int film) {
   return head ? ValToInt(head->Tag()) : 0;
 }
 
-/// The animation of a film's button: the one that plays the film's video. Empty without one.
+QPoint PositionOfButton(const Project& project, int film) {
+  const QString key = ButtonPropertiesKey(OwnerOf(project, film), ButtonNumberOf(project, film));
+  const TextGeometry geometry = DrawingView(project.Tree, key).Geometry();
+  return {geometry.Left, geometry.Top};
+}
+
+/// The animation of a film's button: the one that plays the film's video, best at the button's place. Empty without
+/// one.
 QString AnimationOf(const Project& project, int film) {
   const FilmView view(project.Tree, film);
   if (Val(view.Text(film_node::Animated).value_or(QString())) == 0 || view.Video().isEmpty()) return {};
   const QString caption = u"Ani=" + view.Video();
+  const QPoint place = PositionOfButton(project, film);
+  QString found;
   for (const PictureView& animation : MenuView(project.Tree, OwnerOf(project, film)).Animations()) {
-    if (project.Tree.Find(animation.Key())->Caption() == caption) return animation.Key();
+    if (project.Tree.Find(animation.Key())->Caption() != caption) continue;
+    const QPoint position(animation.Integer(drawing_node::Left, 0), animation.Integer(drawing_node::Top, 0));
+    if (found.isEmpty() || position == place) found = animation.Key();
   }
-  return {};
+  return found;
 }
 
 void AddFilmAnimation(Project& project, int film) {
-  const QString menu = OwnerOf(project, film);
-  const ButtonView button(project.Tree, ButtonKey(menu, ButtonNumberOf(project, film)), 0,
-                          ButtonPropertiesKey(menu, ButtonNumberOf(project, film)));
-  const TextGeometry geometry = button.Drawing().Geometry();
-  AddAnimationNodes(project, menu,
-                    {.video = FilmView(project.Tree, film).Video(), .position = QPoint(geometry.Left, geometry.Top)});
+  AddAnimationNodes(project, OwnerOf(project, film),
+                    {.video = FilmView(project.Tree, film).Video(), .position = PositionOfButton(project, film)});
 }
 
 void RemovePlayListButtons(Project& project, int film) {

@@ -68,7 +68,7 @@ int AddImageNodes(Project& project, const QString& menu, const QString& path, QP
 struct NewAnimation {
   QString video = {};
   QString picture = {};            ///< shown on the canvas; the placeholder when empty
-  std::optional<QPoint> position;  ///< the lower right corner of the menu when missing
+  std::optional<QPoint> position = {};  ///< the lower right corner of the menu when missing
   QSize size = {};                 ///< the default size when empty
 };
 

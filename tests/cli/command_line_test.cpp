@@ -15,7 +15,7 @@ TEST(CommandLineParser, TakesOptionsInFrontAndBehind) {
   EXPECT_EQ(line->arguments, (QStringList{u"x.tvn"_s, u"MM1"_s}));
   EXPECT_EQ(line->profileDir, u"/p"_s);
   EXPECT_EQ(line->overrides, (QList<SettingOverride>{{u"OutDir"_s, u"/a=b"_s}, {u"ISO_Name"_s, QString()}}));
-  EXPECT_EQ(line->outputDir, u"/out"_s);
+  EXPECT_EQ(line->output, u"/out"_s);
   EXPECT_EQ(line->mode, 2);
   EXPECT_EQ(line->language, 2000);
   EXPECT_EQ(line->answers, AnswerPolicy::No);

@@ -1,0 +1,168 @@
+#include "designer/edit_elements.h"
+
+#include <gtest/gtest.h>
+
+#include "designer/edit_films.h"
+#include "designer/edit_menus.h"
+#include "support/edit_bench.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+FilmRecord Film(const QString& chapters) {
+  FilmRecord film;
+  film.Name = u"a"_s;
+  film.VideoFile = u"C:\\v\\a.m2v"_s;
+  film.Chapters = chapters;
+  return film;
+}
+
+TEST(EditElements, HaveLimitsOfTheirKind) {
+  struct Case {
+    const char* name;
+    std::function<bool(EditContext&)> add;
+    int limit;
+    QString message;
+  };
+  const Case cases[] = {
+      {"buttons", [](EditContext& c) { return AddFreeButton(c, u"x"_s, {}, {}); }, 36,
+       u"Only 36 buttons (and/or videos) possible!"_s},
+      {"images", [](EditContext& c) { return AddImage(c, u"C:\\i.png"_s, {}); }, 50, u"Only(?!) 50 images possible!"_s},
+      {"animations", [](EditContext& c) { return AddAnimation(c, {.video = u"C:\\v.m2v"_s}, {}); }, 50,
+       u"Only(?!) 50 animations possible!"_s},
+      {"labels", [](EditContext& c) { return AddLabel(c, u"x"_s, {}); }, 36, u"Only 36 free text labels possible!"_s},
+  };
+  for (const Case& c : cases) {
+    test::EditBench bench;
+    for (int i = 0; i < c.limit; ++i) ASSERT_TRUE(c.add(bench.context)) << c.name << i;
+    const QString full = test::DumpTree(bench.project.Tree);
+    EXPECT_FALSE(c.add(bench.context)) << c.name;
+    EXPECT_EQ(bench.Told(), QStringList(c.message));
+    EXPECT_EQ(test::DumpTree(bench.project.Tree), full);
+    EXPECT_EQ(bench.project.History.UndoCount(), std::size_t(c.limit));
+  }
+}
+
+TEST(EditElements, OnePlayAllButtonInTheMainMenu) {
+  test::EditBench bench(test::TitleSetSettings());
+  ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000"_s), {}));
+  EXPECT_FALSE(AddPlayAllButton(bench.context, {.menu = u"TS1"_s}));
+  EXPECT_TRUE(AddPlayAllButton(bench.context, {}));
+  EXPECT_FALSE(AddPlayAllButton(bench.context, {}));
+  EXPECT_EQ(bench.Told(), QStringList({u"A Play all button can only be inserted in the MainMenu"_s,
+                                       u"A Play all button is already defined"_s}));
+  EXPECT_EQ(bench.Caption(u"MMB2Text"_s), u"Text=Play all");
+  EXPECT_EQ(bench.Caption(u"MMB2Action"_s), u"Action=Play_all");
+}
+
+TEST(EditElements, ChapterButtonsFillAGridByRows) {
+  Settings settings = test::TitleSetSettings();
+  settings.ChapterButtonUseTime = true;
+  test::EditBench bench(settings);
+  ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000,00:10:00.000"_s), {}));
+  EXPECT_FALSE(AddChapterButton(bench.context, 1, {}));
+  EXPECT_FALSE(AddChapterButton(bench.context, 4, {.menu = u"TS1"_s}));
+  EXPECT_FALSE(AddChapterGrid(bench.context, {}, settings.GridLayout, {.menu = u"TS1"_s}));
+  EXPECT_EQ(bench.Told().mid(1), QStringList({u"No chapter selected in list window"_s, u"Nothing selected"_s}));
+  ASSERT_TRUE(AddChapterGrid(bench.context, {3, 1, 2}, u"R2C2PX20PY30DX100DY50"_s, {.menu = u"TS1"_s}));
+  EXPECT_EQ(bench.Children(u"TS1B"_s),
+            QStringList({u"ChapterButton1"_s, u"ChapterButton2"_s, u"ChapterButton3"_s, u"BackButton"_s}));
+  EXPECT_EQ(bench.Caption(u"TS1B1Text"_s), u"Text=Chapter 3 00:10:00.000");
+  EXPECT_EQ(bench.Caption(u"TS1B1Action"_s), u"Action=jump title 1 chapter 3;");
+  EXPECT_EQ(bench.Caption(u"TS1BP2Left"_s) + u' ' + bench.Caption(u"TS1BP2Top"_s), u"Left=120 Top=30");
+  EXPECT_EQ(bench.Caption(u"TS1BP3Left"_s) + u' ' + bench.Caption(u"TS1BP3Top"_s), u"Left=20 Top=80");
+  EXPECT_EQ(bench.project.History.UndoName(), u"Create layout by grid");
+  ASSERT_TRUE(bench.project.History.Undo());
+  EXPECT_EQ(bench.Children(u"TS1B"_s), QStringList(u"BackButton"_s));
+}
+
+TEST(EditElements, AGridThatDoesNotFitChangesNothing) {
+  Settings settings = test::TitleSetSettings();
+  settings.DefMenuRatio = true;
+  settings.Def169Mode = 1;
+  test::EditBench bench(settings);
+  ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000"_s), {}));
+  EXPECT_FALSE(AddChapterGrid(bench.context, std::vector<int>(12, 1), u"R4C3PX20PY30DX100DY50"_s, {.menu = u"TS1"_s}));
+  EXPECT_EQ(bench.Told(), QStringList(u"Only 12 buttons (and/or videos) possible!"_s));
+  EXPECT_EQ(bench.Children(u"TS1B"_s), QStringList(u"BackButton"_s));
+}
+
+TEST(EditElements, MovingPutsAnElementToItsSiblingsPlace) {
+  struct Case {
+    QString key;
+    QString target;
+    bool done;
+    QStringList order;
+  };
+  const Case cases[] = {
+      {u"MM1B3"_s, u"MM1B1"_s, true, {u"MM1B3"_s, u"MM1B1"_s, u"MM1B2"_s, u"MM1B0"_s}},
+      {u"MM1B1"_s, u"MM1B2"_s, true, {u"MM1B2"_s, u"MM1B1"_s, u"MM1B3"_s, u"MM1B0"_s}},
+      {u"MM1B1"_s, u"MM1B0"_s, true, {u"MM1B2"_s, u"MM1B3"_s, u"MM1B1"_s, u"MM1B0"_s}},
+      {u"MM1B0"_s, u"MM1B1"_s, false, {u"MM1B1"_s, u"MM1B2"_s, u"MM1B3"_s, u"MM1B0"_s}},
+      {u"MM1B1"_s, u"MMB1"_s, false, {u"MM1B1"_s, u"MM1B2"_s, u"MM1B3"_s, u"MM1B0"_s}},
+      {u"MM1B1Text"_s, u"MM1B1Action"_s, false, {u"MM1B1"_s, u"MM1B2"_s, u"MM1B3"_s, u"MM1B0"_s}},
+  };
+  for (const Case& c : cases) {
+    test::EditBench bench;
+    ASSERT_TRUE(AddMenu(bench.context, {}, {}));
+    for (int i = 0; i < 3; ++i) ASSERT_TRUE(AddFreeButton(bench.context, u"x"_s, {}, {.menu = u"MM1"_s}));
+    EXPECT_EQ(MoveElement(bench.context, c.key, c.target), c.done);
+    QStringList order;
+    for (const ButtonView& button : MenuView(bench.project.Tree, u"MM1"_s).Buttons()) order << button.Key();
+    EXPECT_EQ(order, c.order) << c.key.toStdString();
+  }
+}
+
+TEST(EditElements, GroupsAreDeletedWithoutWhatBelongsToFilms) {
+  const auto build = [](test::EditBench& bench) {
+    FilmRecord film = Film(u"00:00:00.000"_s);
+    film.Animated = 1;
+    EXPECT_TRUE(AddFilm(bench.context, film, {}));
+    EXPECT_TRUE(AddMenu(bench.context, {}, {}));
+    EXPECT_TRUE(AddFreeButton(bench.context, u"x"_s, {}, {}));
+    EXPECT_TRUE(AddImage(bench.context, u"C:\\i.png"_s, {}));
+    EXPECT_TRUE(AddLabel(bench.context, u"x"_s, {}));
+    EXPECT_TRUE(AddAnimation(bench.context, {.video = u"C:\\v\\b.m2v"_s}, {}));
+  };
+  struct Case {
+    ElementGroup group;
+    QList<int> left;  // buttons, images, labels, animations
+  };
+  for (const Case& c :
+       {Case{ElementGroup::All, {2, 0, 0, 1}}, Case{ElementGroup::Animations, {3, 1, 1, 1}},
+        Case{ElementGroup::Images, {3, 0, 1, 2}}, Case{ElementGroup::Labels, {3, 1, 0, 2}},
+        Case{ElementGroup::ChapterButtons, {3, 1, 1, 2}}, Case{ElementGroup::FreeButtons, {2, 1, 1, 2}}}) {
+    test::EditBench bench;
+    build(bench);
+    ASSERT_TRUE(DeleteGroup(bench.context, u"MM"_s, c.group));
+    QList<int> left;
+    for (const QString& group : {u"MMB"_s, u"MMI"_s, u"MML"_s, u"MMS"_s}) {
+      left << int(bench.Children(group).size());
+    }
+    EXPECT_EQ(left, c.left);
+  }
+}
+
+TEST(EditElements, SubmenuButtonsGoWithTheirSubmenu) {
+  test::EditBench bench;
+  ASSERT_TRUE(AddMenu(bench.context, {}, {}));
+  ASSERT_TRUE(AddMenu(bench.context, {}, {.menu = u"MM1"_s}));
+  ASSERT_TRUE(SwitchMenu(bench.project, u"MM1"_s, bench.prompter));
+  EXPECT_FALSE(DeleteNode(bench.context, u"MM1B1"_s));
+  EXPECT_EQ(bench.Told(), QStringList(u"Submenus can only be deleted in the Project explorer. \r\n Load MainMenu to "
+                                      u"delete the submenu?"_s));
+  EXPECT_EQ(bench.project.CurrentMenuKey, u"MM");
+  EXPECT_TRUE(DeleteNode(bench.context, u"MM1B0"_s));
+  EXPECT_TRUE(AddMissingBackButton(bench.context, u"MM1"_s));
+  EXPECT_EQ(bench.Caption(u"MM1B0Action"_s), u"Action=jump menu 1;");
+  EXPECT_FALSE(AddMissingBackButton(bench.context, u"MM1"_s));
+  EXPECT_TRUE(DeleteNode(bench.context, u"MMM2"_s));
+  for (const QString& key : {u"MM"_s, u"TS"_s, u"MMB"_s, u"MMBG"_s, u"MMBGPath"_s, u"nothing"_s, u""_s}) {
+    EXPECT_FALSE(DeleteNode(bench.context, key)) << key.toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace torvane
