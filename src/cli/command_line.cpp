@@ -65,7 +65,7 @@ bool Takes(const CommandHelp& command, const QString& option) {
 /// True for an option that some command has of its own.
 bool IsOwnOption(const QString& option) {
   const auto takes = [&option](const CommandHelp& command) { return Takes(command, option); };
-  return std::any_of(kCommands.begin(), kCommands.end(), takes) ||
+  return std::any_of(std::begin(kCommands), std::end(kCommands), takes) ||
          std::any_of(EditCommands().begin(), EditCommands().end(), takes);
 }
 

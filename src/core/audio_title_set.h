@@ -45,12 +45,12 @@ AudioLayout DefaultAudioLayout(const Settings& settings);
 struct AudioTitleStore {
   QString Name;
   std::vector<AudioTitle> Titles;  ///< 1 to 96
-  QString AudioTSLayoutType;       ///< "1": one title with a chapter for each track; "" or "0": a title for each
-  AudioLayout Layout;
+  QString AudioTSLayoutType = {};  ///< "1": one title with a chapter for each track; "" or "0": a title for each
+  AudioLayout Layout = {};
   int TotalSize = 0;  ///< megabytes
-  QString PreAction;
-  QString PostAction;
-  QString UOP;
+  QString PreAction = {};
+  QString PostAction = {};
+  QString UOP = {};
   bool operator==(const AudioTitleStore&) const = default;
 };
 

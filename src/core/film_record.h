@@ -10,34 +10,34 @@ namespace torvane {
 
 /// Everything a film's nodes hold: what the analyser found in its video, and what the user chose for it.
 struct FilmRecord {
-  QString Name;
-  QString VideoFile;  ///< full DOS path
-  int SizeMB = 0;     ///< whole megabytes
+  QString Name = {};
+  QString VideoFile = {};  ///< full DOS path
+  int SizeMB = 0;          ///< whole megabytes
   int ResH = 0;
   int ResV = 0;
   double FPS = 0;                             ///< 23.976, 24, 25, 29.97, ...
-  QString Aspect;                             ///< "1:1", "4:3", "16:9" or "2.21:1"
-  QString Duration;                           ///< hours, minutes, seconds and hundredths
+  QString Aspect = {};                        ///< "1:1", "4:3", "16:9" or "2.21:1"
+  QString Duration = {};                      ///< hours, minutes, seconds and hundredths
   double DurationSec = 0;                     ///< kept in hundredths
   QString MpegVersion = QStringLiteral("?");  ///< "1", "2" or "?"
   int MuxOK = 0;                              ///< 1: navigation packs are present
 
-  std::array<QString, kFilmStreams> Audio;            ///< full paths, empty for none
-  int AudioDelay = 0;                                 ///< milliseconds, for all audio streams
-  QString SubColors;                                  ///< 16 packed colours with ","; empty for the standard palette
-  int AddSubStream = 0;                               ///< subtitle streams already inside a multiplexed file, 0 to 31
-  std::array<QString, kFilmStreams> SubTitel;         ///< full paths, empty for none
-  std::array<QString, kFilmStreams> SubFormatStr;     ///< 13 fields separated by "/"
-  bool AutoStartSubs = false;                         ///< the first subtitle stream starts by itself
-  QString Chapters = QStringLiteral("00:00:00.000");  ///< times separated by ","
-  int ShrinkTo = -1;                                  ///< megabytes; -1 for none
-  int TotalSize = 0;                                  ///< megabytes of the finished title
-  QString LanguageTags;  ///< six tags of two characters separated by ",": three of audio, three of subtitles
-  int FilmMux = 1;       ///< 1: elementary streams, which the video batch multiplexes
-  int Animated = 0;      ///< 0 no animated button, 1 one, 2 one whose video has been replaced
-  QString PreAction;
-  QString PostAction;
-  QString UOP;
+  std::array<QString, kFilmStreams> Audio = {};         ///< full paths, empty for none
+  int AudioDelay = 0;                                   ///< milliseconds, for all audio streams
+  QString SubColors = {};                               ///< 16 packed colours with ","; empty for the standard palette
+  int AddSubStream = 0;                                 ///< subtitle streams already inside a multiplexed file, 0 to 31
+  std::array<QString, kFilmStreams> SubTitel = {};      ///< full paths, empty for none
+  std::array<QString, kFilmStreams> SubFormatStr = {};  ///< 13 fields separated by "/"
+  bool AutoStartSubs = false;                           ///< the first subtitle stream starts by itself
+  QString Chapters = QStringLiteral("00:00:00.000");    ///< times separated by ","
+  int ShrinkTo = -1;                                    ///< megabytes; -1 for none
+  int TotalSize = 0;                                    ///< megabytes of the finished title
+  QString LanguageTags = {};  ///< six tags of two characters separated by ",": three of audio, three of subtitles
+  int FilmMux = 1;            ///< 1: elementary streams, which the video batch multiplexes
+  int Animated = 0;           ///< 0 no animated button, 1 one, 2 one whose video has been replaced
+  QString PreAction = {};
+  QString PostAction = {};
+  QString UOP = {};
   bool operator==(const FilmRecord&) const = default;
 };
 

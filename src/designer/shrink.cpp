@@ -42,8 +42,9 @@ void WriteShrink(Project& project, const ShrinkFilm& film, double factor) {
   } else {
     const double shrunk = std::floor(film.video * factor);
     const QString caption = film_node::ShrinkTo.Label + QString::number(shrunk, 'f', 0);
-    if (!tree.SetCaption(key, caption)) {
-      tree.Add({key, caption, {}, kInPlaceNode}, FilmNodeKey(film_node::Duration, film.film), Relation::Next);
+    const NodeData node{key, caption, {}, kInPlaceNode};
+    if (!tree.SetCaption(key, caption) && !tree.Add(node, FilmNodeKey(film_node::Duration, film.film), Relation::Next)) {
+      tree.Add(node, FilmNodeKey(film_node::Video, film.film), Relation::Child);
     }
     total -= film.video - shrunk;
   }

@@ -23,7 +23,7 @@ class EditCommandsTest : public testing::Test {
   EditCommandsTest() {
     qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
     for (const QString& name : {u"O"_s, u"T"_s, u"s"_s}) QDir(dir_.path()).mkdir(name);
-    EXPECT_TRUE(HostFiles::Write(u"C:\\i.png"_s, "picture"));
+    EXPECT_TRUE(HostFiles::WriteAtomically(u"C:\\i.png"_s, "picture"));
     Project project(test::FixedSettings());
     test::BuildTwoFilms(project);
     project.ProjectFile = u"C:\\p.tvn"_s;
@@ -56,7 +56,7 @@ class EditCommandsTest : public testing::Test {
   QString error_;
   /// The films of the project do not exist.
   static inline const QRegularExpression kMissing_{
-      u"(info|warning|error): The following resources could not be found\n(?:.+\\\\.*\n)+"_s};
+      u"(info|warning|error): The following resources could not be found\n(?:[A-Z]:\\\\.*\n)+"_s};
 };
 
 TEST_F(EditCommandsTest, EachDoesOneThingAndSaves) {
@@ -86,7 +86,7 @@ TEST_F(EditCommandsTest, EachDoesOneThingAndSaves) {
     QStringList arguments = c.arguments;
     arguments.insert(1, u"C:\\p.tvn"_s);
     EXPECT_EQ(Run(arguments + QStringList{u"-o"_s, u"C:\\out.tvn"_s}), kExitDone) << error_.toStdString();
-    EXPECT_EQ(CaptionIn(u"C:\\out.tvn"_s, c.key), c.caption) << arguments.join(u' ').toStdString();
+    EXPECT_EQ(CaptionIn(u"C:\\out.tvn"_s, c.key).toStdString(), c.caption.toStdString()) << arguments.join(u' ').toStdString();
   }
   EXPECT_EQ(CaptionIn(u"C:\\p.tvn"_s, u"MMB2"_s), u"FilmButton2");
   EXPECT_EQ(Run({u"add-label"_s, u"C:\\p.tvn"_s, u"Here"_s}), kExitDone);
@@ -131,15 +131,15 @@ TEST_F(EditCommandsTest, TellWhyNothingWasDone) {
   const QByteArray before = *HostFiles::Read(u"C:\\p.tvn"_s);
   for (const Case& c : cases) {
     EXPECT_EQ(Run(c.arguments), c.code) << c.arguments.join(u' ').toStdString();
-    EXPECT_EQ(error_, c.error);
+    EXPECT_EQ(error_.toStdString(), c.error.toStdString()) << c.arguments.join(u' ').toStdString();
   }
   EXPECT_EQ(*HostFiles::Read(u"C:\\p.tvn"_s), before);
 }
 
 TEST_F(EditCommandsTest, InfoTellsContentsAndFindings) {
   ASSERT_EQ(Run({u"info"_s, u"C:\\p.tvn"_s}), kExitDone);
-  EXPECT_EQ(out_,
-            uR"(Project: C:\p.tvn
+  EXPECT_EQ(out_.toStdString(),
+            R"(Project: C:\p.tvn
 Format: one titleset, PAL, 4:3, dvdauthor
 Size: 201 MB
 Films: 2
@@ -151,10 +151,9 @@ Menus:
   MM "MainMenu" 4:3, 3 buttons of 36, 0 labels, 0 images, 0 animations
   MM1 "MainSubMenu1" 4:3, 1 buttons of 36, 0 labels, 0 images, 0 animations
 Findings:
-  missing file: C:\App\default.jpg
   missing file: C:\v\a.m2v
   missing file: C:\v\b.m2v
-)"_s);
+)");
 }
 
 }  // namespace

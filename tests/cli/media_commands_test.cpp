@@ -45,55 +45,55 @@ TEST_F(MediaCommandsTest, AnalysePrintsOneRecordALine) {
   const QByteArrayList lines = out_.toUtf8().split('\n');
   ASSERT_EQ(lines.size(), 3);
   const auto record = [](const QByteArray& json) { return QJsonDocument::fromJson(json).object(); };
-  const QByteArray expectedVideo = R"({
+  const QByteArray expectedVideo = R"json({
       "Kind": "video", "Result": true, "VideoFile": "C:\\a.vob", "Size(MB)": 0, "ResH": 720, "ResV": 480,
       "Aspect": "16:9", "FPS": 29.97, "Duration": "00:00:01.00", "DurationSec": 1.001, "MpegVersion": "2", "Mux": 0,
-      "MuxOK": 0, "Messages": [{"Kind": "warning", "Text": "Warning: No 'real' vob file (elementary video)."}]})";
+      "MuxOK": 0, "Messages": [{"Kind": "warning", "Text": "Warning: No 'real' vob file (elementary video)."}]})json";
   EXPECT_EQ(record(lines[0]), record(expectedVideo)) << lines[0].constData();
   QJsonObject audio = record(lines[1]);
   EXPECT_TRUE(audio.take(u"AudioFile"_s).toString().endsWith(u"\\a.mp2"));
-  const QByteArray expectedAudio = R"({
+  const QByteArray expectedAudio = R"json({
       "Kind": "audio", "Result": true, "Bitrate": 192, "SampleFreq": 48000, "Duration": "00:00:01.000",
-      "AudioSeconds": 1, "Size(MB)": 0})";
+      "AudioSeconds": 1, "Size(MB)": 0})json";
   EXPECT_EQ(audio, record(expectedAudio)) << lines[1].constData();
 }
 
 TEST_F(MediaCommandsTest, AnalyseTellsWhatItDoesNotKnow) {
-    Write(u"a.m2v"_s, "text");
-    Write(u"a.ac3"_s, "text");
-    EXPECT_EQ(Run({u"analyse"_s, u"C:\\a.m2v"_s, u"C:\\a.ac3"_s, u"C:\\missing.vob"_s}), kExitFailed);
-    EXPECT_EQ(error_,
-              u"error: No sequenz header found! C:\\a.m2v\nerror: The kind of this audio file is not known: C:\\a.ac3\n"
-              "error: There is no file C:\\missing.vob\n"_s);
-    EXPECT_EQ(out_.count(u"\"Result\":false"), 2) << out_.toStdString();
-  }
+  Write(u"a.m2v"_s, "text");
+  Write(u"a.ac3"_s, "text");
+  EXPECT_EQ(Run({u"analyse"_s, u"C:\\a.m2v"_s, u"C:\\a.ac3"_s, u"C:\\missing.vob"_s}), kExitFailed);
+  EXPECT_EQ(error_,
+            u"error: No sequenz header found! C:\\a.m2v\nerror: The kind of this audio file is not known: C:\\a.ac3\n"
+            "error: There is no file C:\\missing.vob\n"_s);
+  EXPECT_EQ(out_.count(u"\"Result\":false"), 2) << out_.toStdString();
+}
 
-  TEST_F(MediaCommandsTest, ChaptersAreReadAndMeasured) {
-    Write(u"c.txt"_s, "00:10:00.12\n00:20:00.13\n");
-    EXPECT_EQ(
-        Run({u"chapters"_s, u"C:\\c.txt"_s, u"--fps"_s, u"25"_s, u"--frames"_s, u"yes"_s, u"--duration"_s, u"1200"_s}),
-        kExitDone);
-    EXPECT_EQ(out_, u"00:00:00.000,00:10:00.480,00:20:00.520\n"_s);
-    EXPECT_TRUE(error_.endsWith(
-        u"Recalculate frames? [Yes]\nwarning: The chapter 00:20:00.520 lies behind the end of the film.\n"))
-        << error_.toStdString();
-    EXPECT_EQ(Run({u"--assume"_s, u"no"_s, u"chapters"_s, u"C:\\c.txt"_s, u"--fps"_s, u"25"_s}), kExitDone);
-    EXPECT_EQ(out_, u"00:00:00.000,00:10:00.120,00:20:00.130\n"_s);
-    EXPECT_EQ(Run({u"chapters"_s, u"C:\\missing.txt"_s, u"--fps"_s, u"25"_s}), kExitFailed);
-  }
+TEST_F(MediaCommandsTest, ChaptersAreReadAndMeasured) {
+  Write(u"c.txt"_s, "00:10:00.12\n00:20:00.13\n");
+  EXPECT_EQ(
+      Run({u"chapters"_s, u"C:\\c.txt"_s, u"--fps"_s, u"25"_s, u"--frames"_s, u"yes"_s, u"--duration"_s, u"1200"_s}),
+      kExitDone);
+  EXPECT_EQ(out_, u"00:00:00.000,00:10:00.480,00:20:00.520\n"_s);
+  EXPECT_TRUE(error_.endsWith(
+      u"Recalculate frames? [Yes]\nwarning: The chapter 00:20:00.520 lies behind the end of the film.\n"))
+      << error_.toStdString();
+  EXPECT_EQ(Run({u"--assume"_s, u"no"_s, u"chapters"_s, u"C:\\c.txt"_s, u"--fps"_s, u"25"_s}), kExitDone);
+  EXPECT_EQ(out_, u"00:00:00.000,00:10:00.120,00:20:00.130\n"_s);
+  EXPECT_EQ(Run({u"chapters"_s, u"C:\\missing.txt"_s, u"--fps"_s, u"25"_s}), kExitFailed);
+}
 
-  TEST_F(MediaCommandsTest, PalettesAreShownAndConverted) {
-    Write(u"p.pal"_s, QByteArray("108080\r\n").repeated(15) + "010000\r\n");
-    const QString black = u"8421392,"_s.repeated(15);
-    EXPECT_EQ(Run({u"--assume"_s, u"no"_s, u"palette"_s, u"C:\\p.pal"_s}), kExitDone);
-    EXPECT_EQ(out_, QString(black + u"1\n" + u"0, 0, 0\n"_s.repeated(15) + u"0, 137, 0\n"));
-    EXPECT_TRUE(error_.contains(u"Color15: OrigPaletteValue=010000; RGB->YCrCbValue:554E58\n")) << error_.toStdString();
-    EXPECT_EQ(Run({u"palette"_s, u"C:\\p.pal"_s}), kExitDone);
-    EXPECT_FALSE(out_.contains(u",1\n"));
-    Write(u"q.pal"_s, "text");
-    EXPECT_EQ(Run({u"palette"_s, u"C:\\q.pal"_s}), kExitFailed);
-    EXPECT_EQ(error_, u"error: Illegal file\n"_s);
-  }
+TEST_F(MediaCommandsTest, PalettesAreShownAndConverted) {
+  Write(u"p.pal"_s, QByteArray("108080\r\n").repeated(15) + "010000\r\n");
+  const QString black = u"8421392,"_s.repeated(15);
+  EXPECT_EQ(Run({u"--assume"_s, u"no"_s, u"palette"_s, u"C:\\p.pal"_s}), kExitDone);
+  EXPECT_EQ(out_, QString(black + u"1\n" + u"0, 0, 0\n"_s.repeated(15) + u"0, 137, 0\n"));
+  EXPECT_TRUE(error_.contains(u"Color15: OrigPaletteValue=010000; RGB->YCrCbValue:554E58\n")) << error_.toStdString();
+  EXPECT_EQ(Run({u"palette"_s, u"C:\\p.pal"_s}), kExitDone);
+  EXPECT_FALSE(out_.contains(u",1\n"));
+  Write(u"q.pal"_s, "text");
+  EXPECT_EQ(Run({u"palette"_s, u"C:\\q.pal"_s}), kExitFailed);
+  EXPECT_EQ(error_, u"error: Illegal file\n"_s);
+}
 
-  }  // namespace
-  }  // namespace torvane
+}  // namespace
+}  // namespace torvane
