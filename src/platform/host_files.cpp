@@ -6,8 +6,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
-#include <QStorageInfo>
 #include <QTemporaryFile>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -153,9 +154,11 @@ bool HostFiles::IsWritableDir(const QString& dosDir) {
 std::optional<qint64> HostFiles::DriveFreeMB(const QString& dosPath) {
   QString path = ToHost(dosPath);
   while (!path.isEmpty() && path != u"/" && !QFileInfo::exists(path)) path = QFileInfo(path).path();
-  const QStorageInfo storage(path);
-  if (!storage.isValid()) return std::nullopt;
-  return storage.bytesAvailable() / 1048576;
+  // Not QStorageInfo: it knows mount points only, and the root of a chroot need not be one.
+  std::error_code error;
+  const std::filesystem::space_info space = std::filesystem::space(QFile::encodeName(path).toStdString(), error);
+  if (error) return std::nullopt;
+  return qint64(space.available / 1048576);
 }
 
 }  // namespace torvane
