@@ -9,6 +9,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
+constexpr std::size_t kMostLevels = 64;  ///< a project has six; each level is two blanks in every line below it
+
 /// The second line of a text with any kind of line end.
 QByteArray SecondLine(const QByteArray& file) {
   const auto lineEnd = [&file](qsizetype from) {
@@ -82,6 +84,7 @@ Result<ProjectXml> ReadProjectXml(const QByteArray& file) {
         project.nodes.push_back({ReadNode(reader.attributes()), open.size() == 1 ? -1 : open.back()});
       }
       open.push_back(index);
+      if (open.size() > kMostLevels) reader.raiseError(u"elements stand more than %1 levels deep"_s.arg(kMostLevels));
     }
   }
   if (reader.hasError()) {
