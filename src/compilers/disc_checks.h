@@ -39,6 +39,11 @@ bool CheckSourcesSafe(const Project& project, Prompter& prompter);
 /// No two films share the name of their temporary files, and none of these files is a source of the project.
 bool CheckTemporaryNames(const Project& project, Prompter& prompter);
 
+/// No name, path or delay of the project holds a character that ends its place in a batch line: a quote, a line break or
+/// any other control character; a film's name, the stem of its temporary files, no path separator either. Nothing is
+/// asked: such a run is refused, with the nodes.
+bool CheckBatchTexts(const Project& project, Prompter& prompter);
+
 /// "{Out}\DVD\VIDEO_TS"
 QString VideoTsDir(const Settings& settings);
 

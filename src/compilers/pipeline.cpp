@@ -43,7 +43,7 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
   const Settings& settings = project_.Settings;
   const bool ready = IsSupported() && CheckIntro(project_, prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckTemporaryNames(project_, prompter_) && CheckSourcesSafe(project_, prompter_) &&
+                     CheckBatchTexts(project_, prompter_) && CheckTemporaryNames(project_, prompter_) && CheckSourcesSafe(project_, prompter_) &&
                      ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) && ClearOldIso(project_, prompter_) &&
                      CheckFreeSpace(project_, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;

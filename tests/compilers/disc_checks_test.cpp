@@ -144,6 +144,32 @@ TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {
   EXPECT_TRUE(prompter.boxes[0].text.contains(u"Films 1 and 2"));
 }
 
+TEST_F(DiscChecksTest, TextsThatBreakOutOfABatchLineAreRefused) {
+  struct Case {
+    QString key, caption;
+    bool safe;
+  };
+  const Case cases[] = {
+      {u"FP1"_s, u"Name=It's 100% \u00FCber & out"_s, true},
+      {u"FP1"_s, u"Name=a\" & erase *.*"_s, false},
+      {u"FP1"_s, u"Name=..\\..\\x"_s, false},
+      {u"FP1"_s, u"Name=a\r\nerase *.*"_s, false},
+      {u"FPV1"_s, u"Video=C:\\v & w\\a.m2v"_s, true},
+      {u"FPV1"_s, u"Video=C:\\v\" & erase \"a.m2v"_s, false},
+      {u"FPAD1"_s, u"AudioDelay=-250"_s, true},
+      {u"FPAD1"_s, u"AudioDelay=1 & erase *.*"_s, false},
+  };
+  test::AddNode(project_, u"FP1"_s, u"FPAD1|AudioDelay=0"_s);
+  for (const Case& c : cases) {
+    const QString former = project_.Tree.Find(c.key)->Caption();
+    project_.Tree.SetCaption(c.key, c.caption);
+    test::RecordingPrompter prompter;
+    EXPECT_EQ(CheckBatchTexts(project_, prompter), c.safe) << c.caption.toStdString();
+    EXPECT_EQ(prompter.boxes.size(), c.safe ? 0U : 1U);
+    project_.Tree.SetCaption(c.key, former);
+  }
+}
+
 TEST_F(DiscChecksTest, AMissingIntroIsNamed) {
   project_.Settings.UseIntro = true;
   project_.Settings.IntroMovie = u"C:\\v\\intro.mpg"_s;
