@@ -24,30 +24,44 @@ class ProjectMutations {
     sound_ = *ProjectFileText(project);
     lines_ = sound_.split('\n');
   }
-  ~ProjectMutations() { qunsetenv("TORVANE_DRIVE_C"); }
+  virtual ~ProjectMutations() { qunsetenv("TORVANE_DRIVE_C"); }
 
-  /// Loads one damaged file. Returns what was broken, "" for nothing; `loaded` tells whether it was taken.
+  /// Loads one damaged file. Returns what was broken with the file, "" for nothing.
   QString Round() {
+    const QByteArray text = Mutated();
+    const QString broken = Load(text);
+    return broken.isEmpty() ? broken : QString(broken + u'\n' + QString::fromUtf8(text));
+  }
+
+  int loadedFiles = 0;
+  int refusedFiles = 0;
+
+ protected:
+  /// What else is to be done with each project that was taken; returns what was broken.
+  virtual QString Use(Project& project) {
+    Q_UNUSED(project)
+    return {};
+  }
+
+ private:
+  QString Load(const QByteArray& text) {
     Project project(FixedSettings());
     BuildTwoFilms(project);
     project.History.Reset();
     const WholeProject before(project);
     const QString file = QStringLiteral("C:\\m.tvn");
-    last = Mutated();
-    if (!HostFiles::WriteAtomically(file, last)) return QStringLiteral("the file was not written");
+    if (!HostFiles::WriteAtomically(file, text)) return QStringLiteral("the file was not written");
     RecordingPrompter prompter;
-    loaded = LoadProject(project, file, prompter);
-    if (!loaded) {
-      if (prompter.boxes.empty()) return QStringLiteral("refused without a word");
-      return WholeProject(project) == before ? QString() : QStringLiteral("refused, but the project has changed");
+    if (LoadProject(project, file, prompter)) {
+      ++loadedFiles;
+      const QString broken = Again(project, file);
+      return broken.isEmpty() ? Use(project) : broken;
     }
-    return Again(project, file);
+    ++refusedFiles;
+    if (prompter.boxes.empty()) return QStringLiteral("refused without a word");
+    return WholeProject(project) == before ? QString() : QStringLiteral("refused, but the project has changed");
   }
 
-  bool loaded = false;
-  QByteArray last;  ///< the file of the last round
-
- private:
   static QString Again(Project& project, const QString& file) {
     const Result<QByteArray> text = ProjectFileText(project);
     if (!text) return QStringLiteral("loaded, but cannot be saved: ") + text.Error();

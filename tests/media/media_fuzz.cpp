@@ -1,27 +1,5 @@
-#include <QElapsedTimer>
-#include <cstdio>
-#include <cstdlib>
-
 #include "reader_mutations.h"
+#include "support/mutation_run.h"
 
-/// Runs the mutations of the readers for a number of seconds: media_fuzz SECONDS [SEED]
-int main(int argc, char** argv) {
-  const qint64 milliseconds = (argc > 1 ? std::atoll(argv[1]) : 60) * 1000;
-  const quint64 seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
-  torvane::test::ReaderMutations mutations(seed);
-  QElapsedTimer clock;
-  clock.start();
-  qint64 rounds = 0;
-  qint64 slowest = 0;
-  while (clock.elapsed() < milliseconds) {
-    const qint64 before = clock.elapsed();
-    const QString broken = mutations.Round();
-    slowest = std::max(slowest, clock.elapsed() - before);
-    ++rounds;
-    if (broken.isEmpty()) continue;
-    std::printf("round %lld of seed %llu: %s\n", rounds, seed, qPrintable(broken));
-    return 1;
-  }
-  std::printf("%lld rounds in %lld s, the slowest %lld ms\n", rounds, clock.elapsed() / 1000, slowest);
-  return 0;
-}
+/// Random and damaged media files for a number of seconds: media_fuzz SECONDS [SEED]
+int main(int argc, char** argv) { return torvane::test::RunMutations<torvane::test::ReaderMutations>(argc, argv); }
