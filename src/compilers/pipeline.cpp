@@ -53,7 +53,7 @@ Readiness CreateDvdPipeline::PrepareCreateBatch() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const bool ready = IsSupported() && CheckIntro(project_, prompter_) &&
                      (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
+                     CheckBatchTexts(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 
