@@ -27,6 +27,7 @@ void Project::Reset() {
   Tree.Clear();
   static_cast<ProjectState&>(*this) = {};
   ProjectNamed = false;
+  RateWarningDue = true;
   ProjectFile = DefaultFile(Settings);
   MainSubMenuTable.fill({});
   SubMenuTable.fill({});

@@ -58,6 +58,7 @@ struct Project : ProjectState {
 
   bool ProjectNamed = false;
   QString ProjectFile;  ///< full DOS path
+  bool RateWarningDue = true;  ///< nobody has been told yet that a film's frame rate does not fit the project's norm
 
   std::array<MenuSlot, kMainSubMenuSlots> MainSubMenuTable;
   std::array<MenuSlot, kSubMenuSlots> SubMenuTable;

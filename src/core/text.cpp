@@ -158,6 +158,11 @@ bool HasSpecialCharacters(QStringView text) {
   return std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 127 || c == u'&'; });
 }
 
+QString StripSpecialChars(const QString& text) {
+  QString kept = text;
+  return kept.removeIf([](QChar c) { return c.unicode() > 127 || c.unicode() < 32 || c == u'&'; });
+}
+
 QString ColorToRGBString(int color) {
   return u"%1,%2,%3"_s.arg(RedOf(color)).arg(GreenOf(color)).arg(BlueOf(color));
 }

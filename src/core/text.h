@@ -52,6 +52,9 @@ QString UnescapeLabelText(const QString& text);
 /// True when a character is beyond ASCII or is "&": text that the authoring tools may not take in a path.
 bool HasSpecialCharacters(QStringView text);
 
+/// The text without the characters that HasSpecialCharacters minds, and without control characters.
+QString StripSpecialChars(const QString& text);
+
 // Colours. A packed colour is R + G * 256 + B * 65536.
 
 /// "r,g,b" in decimal.

@@ -107,7 +107,7 @@ bool FractionsAreFrames(Prompter& prompter) {
 /// The two digits behind the "." taken as a number of frames.
 QString FramesToMilliseconds(const QString& chapter, float fps) {
   const qsizetype point = chapter.indexOf(u'.');
-  if (point < 0) return chapter;
+  if (point < 0 || !(fps > 0)) return chapter;
   const double frames = Val(QStringView(chapter).sliced(point + 1).first(2));
   return chapter.first(point + 1) + ThreeDigits(int(std::min(frames / double(fps) * 1000, 999.0)));
 }

@@ -111,6 +111,7 @@ TEST(Text, SpecialCharacters) {
   EXPECT_TRUE(HasSpecialCharacters(u"C:\\A&B"));
   EXPECT_FALSE(HasSpecialCharacters(u"C:\\a (1) [x]\x7F"));
   EXPECT_FALSE(HasSpecialCharacters(u""));
+  EXPECT_EQ(StripSpecialChars(u"Über \t& (1)_x\x7F.ö"_s), u"ber  (1)_x\x7F.");
 }
 
 TEST(Text, Colors) {

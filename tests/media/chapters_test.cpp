@@ -89,6 +89,11 @@ TEST(ChapterList, AsksWhetherFractionsAreFrames) {
                          u"milliseconds\r\nRecalculate frames?"_s,
                  .preselected = Answer::Yes}));
 
+  // Without a frame rate there is nothing to work with: entries stay as they were, frame numbers are left out.
+  test::RecordingPrompter rateless({Answer::Yes});
+  EXPECT_EQ(ParseChapterList("00:00:10.00\n1500\n00:00:20.00\n", 0, rateless),
+            u"00:00:00.000,00:00:10.000,00:00:20.000"_s);
+
   test::RecordingPrompter never;
   EXPECT_EQ(ParseChapterList("00:00:10.12\n00:00:20.40\n", 25, never), u"00:00:00.000,00:00:10.120,00:00:20.400"_s);
   EXPECT_TRUE(never.boxes.empty());
