@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+#include <QTemporaryDir>
 #include <random>
 
 #include "core/text.h"
@@ -13,6 +14,7 @@
 #include "media/video_analysis.h"
 #include "media/video_head.h"
 #include "mpeg_pieces.h"
+#include "platform/host_files.h"
 #include "support/recording_prompter.h"
 
 namespace torvane::test {
@@ -23,7 +25,7 @@ class ReaderMutations {
   explicit ReaderMutations(quint64 seed) : random_(seed) {}
 
   /// Gives one damaged input to each reader. Returns what was broken, "" for nothing.
-  QString Round() { return Video() + Audio() + Chapters() + Palette() + Format(); }
+  QString Round() { return Video() + Audio() + Chapters() + Palette() + Format() + Files(); }
 
  private:
   int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random_); }
@@ -163,6 +165,47 @@ class ReaderMutations {
     return SubFormat(format.Text()) == format ? QString() : QStringLiteral("a format that is not its own text; ");
   }
 
+  /// The readers that open their files themselves, in a share of the rounds because files take their time.
+  QString Files() { return Below(10) == 0 ? VideoHead() + Subtitle() : QString(); }
+
+  QString VideoHead() {
+    const QList<QByteArray> pieces = MpegPieces();
+    QByteArray stream;
+    for (int i = Below(4); i > 0; --i) {
+      for (int k = Below(12); k > 0; --k) stream += Mutated(OneOf(pieces), pieces);
+      stream += QByteArray(Below(2) == 0 ? Below(150000) : 0, char(Below(2)));
+    }
+    const QString source = dosDir_ + QStringLiteral("\\in.mpg");
+    const QString head = dosDir_ + QStringLiteral("\\out.mpg");
+    static constexpr int kFrames[] = {-1, 0, 1, 15, 40, 1 << 30};
+    if (!HostFiles::WriteAtomically(source, stream) || !HostFiles::WriteAtomically(head, "former")) {
+      return QStringLiteral("no place for files; ");
+    }
+    const bool copied(CopyVideoHead(OneOf(kFrames), source, head));
+    const Result<QByteArray> content = HostFiles::Read(head);
+    if (!content) return QStringLiteral("a head is gone; ");
+    if (!copied) return *content == "former" ? QString() : QStringLiteral("a failed copy left something; ");
+    return stream.startsWith(*content) ? QString() : QStringLiteral("a head that is none of its video; ");
+  }
+
+  QString Subtitle() {
+    const QByteArray heads[] = {"SP", "1\r\n00:00:01,000 --> 00:00:02,000\r\nx", QByteArray("\xFF\xFE" "1\0\n\0", 6), {}};
+    const QByteArray content = Mutated(OneOf(heads) + RandomBytes(Below(20)), {"SP", QByteArray(2, '\0')});
+    static const QString kNames[] = {QStringLiteral("\\a.sup"), QStringLiteral("\\a.SUP"), QStringLiteral("\\a.srt"),
+                                     QStringLiteral("\\sup")};
+    const QString path = dosDir_ + OneOf(kNames);
+    if (!HostFiles::WriteAtomically(path, content)) return QStringLiteral("no place for files; ");
+    const bool isPicture = path.endsWith(QStringLiteral(".sup"), Qt::CaseInsensitive);
+    bool fits = isPicture && content.size() >= 2 && content[0] == 'S' && content[1] == 'P';
+    if (!isPicture) {
+      fits = true;
+      for (int i = 0; i + 1 < std::min<int>(11, int(content.size())); ++i) fits = fits && (content[i] || content[i + 1]);
+    }
+    return CheckSubtitleFile(path) == fits ? QString() : QStringLiteral("a wrong word on a subtitle file; ");
+  }
+
+  QTemporaryDir dir_;
+  QString dosDir_ = HostFiles::ToDos(dir_.path());
   std::mt19937_64 random_;
 };
 
