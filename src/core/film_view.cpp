@@ -49,7 +49,7 @@ bool FilmView::StartsWithSubtitle() const {
 
 int FilmView::ReturnMenu() const {
   const ProjectNode* owner = tree_->Find(FilmNodeKey(film_node::Animated, film_));
-  if (!owner || !IsMainSubMenu(owner->Tag())) return 1;
+  if (!owner || !IsMainSubMenu(owner->Tag()) || !tree_->Contains(owner->Tag())) return 1;
   return ValToInt(owner->Tag().sliced(2)) + 1;
 }
 

@@ -29,7 +29,7 @@ class FilmView {
   int SubtitleCount() const;  ///< number of the highest subtitle stream, 0 without one
   bool StartsWithSubtitle() const;  ///< the first subtitle stream starts switched on
 
-  /// Number in the VMGM domain of the menu that the film returns to: 1 for the main menu, k + 1 for "MMk".
+  /// Number in the VMGM domain of the menu that the film returns to: k + 1 for a menu "MMk" of the project, else 1.
   int ReturnMenu() const;
 
  private:

@@ -56,23 +56,32 @@ std::optional<QString> DrawingView::OutlineCaption() const {
   return node->Caption();
 }
 
+namespace {
+
+/// The attribute of a mask that the element has. Files of other makers carry the short form of the key, which lacks
+/// the group's "GifMask".
+Attribute MaskAttribute(const NodeView& element, Attribute attribute) {
+  if (element.Has(attribute)) return attribute;
+  return {attribute.Suffix.sliced(element_node::GifMask.Suffix.size()), attribute.Label};
+}
+
+}  // namespace
+
 std::optional<MaskGeometry> ReadMask(const NodeView& element) {
   using namespace element_node;
-  if (!element.Has(MaskFile)) return std::nullopt;
+  const Attribute file = MaskAttribute(element, MaskFile);
+  const Attribute relSize = MaskAttribute(element, MaskRelSize);
+  if (!element.Has(file)) return std::nullopt;
   MaskGeometry mask;
-  mask.Path = element.Tag(MaskFile);
-  mask.HasRelSize = element.Has(MaskRelSize);
-  mask.RelSize = element.Number(MaskRelSize, 100);
-  mask.XOffset = element.Number(MaskXOffset, 0);
-  mask.YOffset = element.Number(MaskYOffset, 0);
+  mask.Path = element.Tag(file);
+  mask.HasRelSize = element.Has(relSize);
+  mask.RelSize = element.Number(relSize, 100);
+  mask.XOffset = element.Number(MaskAttribute(element, MaskXOffset), 0);
+  mask.YOffset = element.Number(MaskAttribute(element, MaskYOffset), 0);
   return mask;
 }
 
-int ButtonView::UseHigh() const {
-  // Files of other makers carry the short form of the key.
-  constexpr Attribute kShortUseHigh{u"UseHigh", u"Highlight="};
-  return Integer(element_node::MaskUseHigh, Integer(kShortUseHigh, -1));
-}
+int ButtonView::UseHigh() const { return Integer(MaskAttribute(*this, element_node::MaskUseHigh), -1); }
 
 std::optional<MaskGeometry> ButtonView::Mask() const { return ReadMask(*this); }
 
@@ -135,7 +144,7 @@ std::optional<ButtonView> MenuView::AutoActionButton() const {
 QString MenuView::LoopState() const {
   const std::optional<QString> loop = Text(menu_node::BackgroundLoop);
   if (!loop || *loop == u"0") return u"inf"_s;
-  return loop->endsWith(u'1') ? u"0"_s : QString();
+  return *loop == u"1" ? u"0"_s : QString();
 }
 
 QString MenuView::Pause() const {

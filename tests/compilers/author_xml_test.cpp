@@ -252,7 +252,8 @@ TEST_F(AuthorXmlTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {
 }
 
 TEST_F(AuthorXmlTest, AFilmReturnsToTheMenuOfItsButton) {
-  const std::pair<QString, QByteArray> cases[] = {{QString(), "1"}, {u"MM"_s, "1"}, {u"MM2"_s, "3"}, {u"TS1"_s, "1"}};
+  const std::pair<QString, QByteArray> cases[] = {
+      {QString(), "1"}, {u"MM"_s, "1"}, {u"MM1"_s, "2"}, {u"MM2"_s, "1"}, {u"TS1"_s, "1"}};
   for (const auto& [owner, menu] : cases) {
     project_.Tree.SetTag(u"FPAni1"_s, owner);
     EXPECT_EQ(LinesWith(Text(), "<post>call vmgm").first(), "<post>call vmgm menu " + menu + ";</post>");

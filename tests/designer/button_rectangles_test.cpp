@@ -80,6 +80,18 @@ TEST(ButtonRectangles, FollowWhatLightsUp) {
   }
 }
 
+TEST(ButtonRectangles, ReadTheShortKeysOfAMask) {
+  Project project(test::FixedSettings());
+  AddDefaultProject(project);
+  test::AddButton(project, u"MM"_s, 1, u"Text"_s, {100, 100, 80, 40});
+  for (const QString& line : {u"Gif|Gif=mask|C:\\m.gif"_s, u"RelSize|Rel.Size=50"_s, u"XOff|X-Offset=7"_s,
+                              u"YOff|Y-Offset=-3"_s, u"UseHigh|Highlight=2"_s}) {
+    test::AddNode(project, u"MMB1"_s, u"MMB1" + line);
+  }
+  const ButtonRectangle expected{u"MMB1"_s, {125, 105, 168, 128}, {126, 106, 168, 128}, {126, 152, 168, 168}};
+  EXPECT_EQ(ButtonRectangles(MenuView(project.Tree, u"MM"_s), project.Settings), std::vector{expected});
+}
+
 TEST(ButtonRectangles, LeaveOutButtonsThatAreNotOnTheDisc) {
   Project project(test::FixedSettings());
   AddDefaultProject(project);
