@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
 #include <QTemporaryDir>
 
 #include "core/default_project.h"
@@ -14,6 +16,7 @@ namespace torvane {
 namespace {
 
 constexpr int kNodes = 50000;
+constexpr double kMostBytesPerNode = 200;
 
 class Silent : public Prompter {
  public:
@@ -68,6 +71,36 @@ void OneChange(benchmark::State& state) {
   for (auto _ : state) fixture.project.Tree.SetCaption(u"X2000A5"_s, u"Attribute=%1"_s.arg(++value));
 }
 BENCHMARK(OneChange);
+
+std::size_t HeapInUse() {
+  const struct mallinfo2 info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+std::size_t TextBytes(const ProjectTree& tree) {
+  qsizetype characters = 0;
+  for (const ProjectNode* node = tree.FirstRoot(); node; node = tree.NextInOrder(node)) {
+    characters += node->Key().size() + node->Caption().size() + node->Tag().size();
+  }
+  return std::size_t(characters) * sizeof(QChar);
+}
+
+/// What a loaded project takes on the heap beyond the characters of its nodes.
+void Memory(benchmark::State& state) {
+  const Fixture fixture;
+  for (auto _ : state) {
+    const std::size_t before = HeapInUse();
+    Project loaded{Settings{}};
+    Silent prompter;
+    LoadProject(loaded, fixture.project.ProjectFile, prompter);
+    const double perNode = double(HeapInUse() - before - TextBytes(loaded.Tree)) / double(loaded.Tree.NodeCount());
+    state.counters["bytes/node"] = perNode;
+    if (perNode > kMostBytesPerNode) {
+      state.SkipWithError(qPrintable(u"%1 bytes a node beyond its text"_s.arg(perNode)));
+    }
+  }
+}
+BENCHMARK(Memory)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace torvane

@@ -61,11 +61,13 @@ void Reverse(ProjectTree& tree, const TreeChange& change) {
       tree.SetTag(change.key, change.former);
       return;
     case TreeChange::Cleared:
-      for (std::size_t i = 0; i < change.removed.size(); ++i) {
-        if (change.removedParents[i].isEmpty()) {
-          tree.Add(change.removed[i]);
+      for (const ProjectNode* node = change.cleared->NextInOrder(nullptr); node;
+           node = change.cleared->NextInOrder(node)) {
+        const NodeData data{node->Key(), node->Caption(), node->Tag(), node->Image()};
+        if (node->Parent()) {
+          tree.Add(data, node->Parent()->Key(), Relation::Child);
         } else {
-          tree.Add(change.removed[i], change.removedParents[i], Relation::Child);
+          tree.Add(data);
         }
       }
       return;

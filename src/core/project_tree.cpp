@@ -1,11 +1,23 @@
 #include "core/project_tree.h"
 
+#include <utility>
+
 namespace torvane {
 namespace {
 
 constexpr int kBlockSize = 256;
 
+const ProjectNode* Following(const ProjectNode* node) {
+  if (node->FirstChild()) return node->FirstChild();
+  while (node && !node->Next()) node = node->Parent();
+  return node ? node->Next() : nullptr;
+}
+
 }  // namespace
+
+const ProjectNode* ClearedNodes::NextInOrder(const ProjectNode* node) const {
+  return node ? Following(node) : firstRoot_;
+}
 
 const ProjectNode* ProjectTree::Add(const NodeData& data) { return Insert(data, {&top_, top_.lastChild_}); }
 
@@ -14,20 +26,20 @@ const ProjectNode* ProjectTree::Add(const NodeData& data, const QString& relativ
 }
 
 const ProjectNode* ProjectTree::Insert(const NodeData& data, Place place) {
-  if (!place.parent || data.Key.isEmpty() || index_.contains(data.Key)) return nullptr;
+  if (!place.parent || data.Key.isEmpty() || Contains(data.Key)) return nullptr;
   ProjectNode* node = NewNode();
   node->key_ = data.Key;
   node->caption_ = data.Caption;
-  node->tag_ = data.Tag;
+  node->SetTag(data.Tag);
   node->image_ = data.Image;
   Link(node, place);
-  index_.insert(data.Key, node);
+  index_.insert(KeyRef{&node->key_}, node);
   if (!observers_.empty()) Tell({.kind = TreeChange::Added, .key = node->key_});
   return node;
 }
 
 bool ProjectTree::Remove(const QString& key) {
-  ProjectNode* node = index_.value(key, nullptr);
+  ProjectNode* node = Node(key);
   if (!node) return false;
   TreeChange change{.kind = TreeChange::Removed, .key = node->key_};
   if (!observers_.empty()) {
@@ -42,7 +54,7 @@ bool ProjectTree::Remove(const QString& key) {
 }
 
 bool ProjectTree::Move(const QString& key, const QString& relativeKey, Relation relation) {
-  ProjectNode* node = index_.value(key, nullptr);
+  ProjectNode* node = Node(key);
   if (!node) return false;
   for (const ProjectNode* above = Find(relativeKey); above; above = above->parent_) {
     if (above == node) return false;
@@ -63,7 +75,7 @@ bool ProjectTree::Move(const QString& key, const QString& relativeKey, Relation 
 }
 
 bool ProjectTree::SetCaption(const QString& key, const QString& caption) {
-  ProjectNode* node = index_.value(key, nullptr);
+  ProjectNode* node = Node(key);
   if (!node) return false;
   if (node->caption_ == caption) return true;
   const TreeChange change{.kind = TreeChange::CaptionSet, .key = node->key_, .former = node->caption_};
@@ -73,37 +85,32 @@ bool ProjectTree::SetCaption(const QString& key, const QString& caption) {
 }
 
 bool ProjectTree::SetTag(const QString& key, const QString& tag) {
-  ProjectNode* node = index_.value(key, nullptr);
+  ProjectNode* node = Node(key);
   if (!node) return false;
-  if (node->tag_ == tag) return true;
-  const TreeChange change{.kind = TreeChange::TagSet, .key = node->key_, .former = node->tag_};
-  node->tag_ = tag;
+  if (node->Tag() == tag) return true;
+  const TreeChange change{.kind = TreeChange::TagSet, .key = node->key_, .former = node->Tag()};
+  node->SetTag(tag);
   Tell(change);
   return true;
 }
 
 void ProjectTree::Clear() {
   if (!top_.firstChild_) return;
-  TreeChange change{.kind = TreeChange::Cleared};
-  if (!observers_.empty()) {
-    for (const ProjectNode* root = top_.firstChild_; root; root = root->next_) CollectSubtree(root, change);
-  }
+  const auto cleared = std::make_shared<ClearedNodes>();
+  cleared->firstRoot_ = top_.firstChild_;
+  cleared->blocks_ = std::exchange(blocks_, {});
   top_ = ProjectNode();
   index_.clear();
   free_.clear();
-  blocks_.clear();
-  Tell(change);
+  Tell({.kind = TreeChange::Cleared, .cleared = cleared});
 }
 
 const ProjectNode* ProjectTree::NextInOrder(const ProjectNode* node) const {
-  if (!node) return top_.firstChild_;
-  if (node->firstChild_) return node->firstChild_;
-  while (node && !node->next_) node = node->parent_;
-  return node ? node->next_ : nullptr;
+  return node ? Following(node) : top_.firstChild_;
 }
 
 ProjectTree::Place ProjectTree::FindPlace(const QString& relativeKey, Relation relation) {
-  ProjectNode* relative = index_.value(relativeKey, nullptr);
+  ProjectNode* relative = Node(relativeKey);
   if (!relative) return {};
   ProjectNode* parent = relative->parent_ ? relative->parent_ : &top_;
   switch (relation) {
@@ -142,7 +149,7 @@ void ProjectTree::Unlink(ProjectNode* node) {
 
 void ProjectTree::CollectSubtree(const ProjectNode* root, TreeChange& change) const {
   for (const ProjectNode* node = root; node;) {
-    change.removed.push_back({node->key_, node->caption_, node->tag_, node->image_});
+    change.removed.push_back({node->key_, node->caption_, node->Tag(), node->image_});
     change.removedParents.push_back(ParentKey(node));
     if (node->firstChild_) {
       node = node->firstChild_;
@@ -160,7 +167,7 @@ void ProjectTree::Delete(ProjectNode* subtree) {
     ProjectNode* node = pending.back();
     pending.pop_back();
     for (ProjectNode* child = node->firstChild_; child; child = child->next_) pending.push_back(child);
-    index_.remove(node->key_);
+    index_.remove(KeyRef{&node->key_});
     *node = ProjectNode();
     free_.push_back(node);
   }

@@ -22,7 +22,8 @@ class ProjectNode {
  public:
   const QString& Key() const { return key_; }
   const QString& Caption() const { return caption_; }
-  const QString& Tag() const { return tag_; }  ///< a number is held as its decimal text
+  /// A number is held as its decimal text.
+  const QString& Tag() const { return tag_ ? *tag_ : kNoTag; }
   int Image() const { return image_; }
 
   const ProjectNode* Parent() const { return parent_; }
@@ -38,9 +39,13 @@ class ProjectNode {
  private:
   friend class ProjectTree;
 
+  static inline const QString kNoTag;
+
+  void SetTag(const QString& tag) { tag_ = tag.isEmpty() ? nullptr : std::make_unique<QString>(tag); }
+
   QString key_;
   QString caption_;
-  QString tag_;
+  std::unique_ptr<QString> tag_;  ///< null for "", as most nodes have none
   int image_ = kPlainNode;
   int childCount_ = 0;
   ProjectNode* parent_ = nullptr;
@@ -68,6 +73,19 @@ struct NodeData {
   bool operator==(const NodeData&) const = default;
 };
 
+/// The nodes that a tree held before it was cleared, as they stood.
+class ClearedNodes {
+ public:
+  /// The nodes in tree order, as `ProjectTree::NextInOrder` gives them.
+  const ProjectNode* NextInOrder(const ProjectNode* node) const;
+
+ private:
+  friend class ProjectTree;
+
+  ProjectNode* firstRoot_ = nullptr;
+  std::vector<std::unique_ptr<ProjectNode[]>> blocks_;
+};
+
 /// One real change of the tree, with all that is needed to take it back. Text fields that do not belong to the kind
 /// are empty.
 struct TreeChange {
@@ -78,8 +96,9 @@ struct TreeChange {
   QString former = {};          ///< CaptionSet, TagSet: the text before the change
   QString formerParent = {};    ///< Moved, Removed: parent key before the change, "" at the root level
   QString formerPrevious = {};  ///< Moved, Removed: key of the sibling in front before the change, "" for the first
-  std::vector<NodeData> removed = {};      ///< Removed, Cleared: all nodes that went, in tree order
-  std::vector<QString> removedParents = {};  ///< Removed, Cleared: their parent keys
+  std::vector<NodeData> removed = {};        ///< Removed: all nodes that went, in tree order
+  std::vector<QString> removedParents = {};  ///< Removed: their parent keys
+  std::shared_ptr<const ClearedNodes> cleared = {};  ///< Cleared: all nodes, which who keeps the change keeps
   bool operator==(const TreeChange&) const = default;
 };
 
@@ -116,8 +135,8 @@ class ProjectTree {
   void Clear();
 
   /// Null for a key that is not there, which is an ordinary answer.
-  const ProjectNode* Find(const QString& key) const { return index_.value(key, nullptr); }
-  bool Contains(const QString& key) const { return index_.contains(key); }
+  const ProjectNode* Find(const QString& key) const { return Node(key); }
+  bool Contains(const QString& key) const { return index_.contains(KeyRef{&key}); }
   const ProjectNode* FirstRoot() const { return top_.firstChild_; }
   const ProjectNode* LastRoot() const { return top_.lastChild_; }
   qsizetype NodeCount() const { return index_.size(); }
@@ -129,11 +148,19 @@ class ProjectTree {
   void RemoveObserver(TreeObserver* observer) { std::erase(observers_, observer); }
 
  private:
+  /// A key in the index: the one that the node holds, not a copy.
+  struct KeyRef {
+    const QString* key;
+    friend bool operator==(KeyRef a, KeyRef b) { return *a.key == *b.key; }
+    friend std::size_t qHash(KeyRef ref, std::size_t seed) { return qHash(QStringView(*ref.key), seed); }
+  };
+
   struct Place {
     ProjectNode* parent = nullptr;  ///< null when there is no such place
     ProjectNode* previous = nullptr;
   };
 
+  ProjectNode* Node(const QString& key) const { return index_.value(KeyRef{&key}, nullptr); }
   Place FindPlace(const QString& relativeKey, Relation relation);
   void Link(ProjectNode* node, Place place);
   void Unlink(ProjectNode* node);
@@ -145,7 +172,7 @@ class ProjectTree {
   QString ParentKey(const ProjectNode* node) const;
 
   ProjectNode top_;  ///< invisible parent of the roots
-  QHash<QString, ProjectNode*> index_;
+  QHash<KeyRef, ProjectNode*> index_;
   std::vector<std::unique_ptr<ProjectNode[]>> blocks_;  ///< nodes live in blocks and are used again
   std::vector<ProjectNode*> free_;
   std::vector<TreeObserver*> observers_;

@@ -75,6 +75,12 @@ TEST(ProjectTree, TellsEachChangeWithWhatIsNeededToTakeItBack) {
   tree.Move(u"a"_s, u"b"_s, Relation::Next);
   tree.Remove(u"b"_s);
   tree.Clear();
+  ASSERT_TRUE(recorder.changes.back().cleared);
+  const std::shared_ptr<const ClearedNodes> cleared = std::exchange(recorder.changes.back().cleared, nullptr);
+  const ProjectNode* went = cleared->NextInOrder(nullptr);
+  ASSERT_TRUE(went);
+  EXPECT_EQ(went->Caption(), u"caption of a"_s);
+  EXPECT_EQ(cleared->NextInOrder(went), nullptr);
   using enum TreeChange::Kind;
   const std::vector<TreeChange> expected{
       {.kind = Added, .key = u"a"_s},
@@ -87,7 +93,7 @@ TEST(ProjectTree, TellsEachChangeWithWhatIsNeededToTakeItBack) {
        .key = u"b"_s,
        .removed = {Node(u"b"_s), {.Key = u"b1"_s, .Caption = u"y"_s, .Tag = u"8"_s, .Image = kInPlaceNode}},
        .removedParents = {QString(), u"b"_s}},
-      {.kind = Cleared, .removed = {Node(u"a"_s)}, .removedParents = {QString()}},
+      {.kind = Cleared},
   };
   EXPECT_EQ(recorder.changes, expected);
   EXPECT_EQ(tree.NodeCount(), 0);
