@@ -53,7 +53,7 @@ ChainOutcome RunToolChain(const QList<ToolCommand>& commands, const QStringList&
   for (qsizetype i = 0; i < ends.size(); ++i) {
     const ProcessEnd& end = ends[i];
     const Place place = i + 1 == ends.size() ? Place::Last : Place::Inner;
-    const QString complaint = commands[i].stage.inside ? QString() : Complaint(commands[i], end, place);
+    const QString complaint = commands[i].name.isEmpty() ? QString() : Complaint(commands[i], end, place);
     if (!complaint.isEmpty()) outcome.complaints << complaint;
     if (place != Place::Last) continue;
     outcome.errorLevel = end.signal ? 128 + end.signal : end.exitStatus;
@@ -68,6 +68,9 @@ ChainOutcome RunToolChain(const QList<ToolCommand>& commands, const QStringList&
   }
   if (outcome.complaints.isEmpty() && StopSignal() == 0) return outcome;
   for (const WrittenFile& output : outputs) output.RemoveChanged();
+  for (const ToolCommand& command : commands) {
+    if (command.discard) command.discard();
+  }
   for (const QString& path : created) RemoveOrdinaryFile(path);
   return outcome;
 }

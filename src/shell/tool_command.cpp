@@ -54,6 +54,7 @@ class CommandMaker {
     if (const Status found = FindProgram(named, existing); !found) return Failure{found.Error()};
     command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
     AddArguments();
+    if (tool_ && tool_->own && !wine_) BringOwn();
     if (tool_ && tool_->controlFile != ToolEntry::ControlFile::None) {
       if (const Status copied = UsePrivateCopy(); !copied) return Failure{copied.Error()};
     }
@@ -73,6 +74,7 @@ class CommandMaker {
       if (!tool_) return Failure{u"%1 is a Windows program; install the Debian package wine to run it"_s.arg(named)};
     }
     if (tool_) {
+      if (tool_->own) return {};
       if (tool_->program.isEmpty()) return Failure{u"%1 is not available on this system"_s.arg(tool_->stem)};
       stage.program = QStandardPaths::findExecutable(tool_->program);
       stage.arguments = {tool_->program};
@@ -144,6 +146,14 @@ class CommandMaker {
     if (!tool_ || tool_->controlFile == ToolEntry::ControlFile::None) return false;
     if (tool_->controlFile == ToolEntry::ControlFile::Dvdauthor) return optionBefore == u"-x";
     return optionBefore != u"-s" && optionBefore != u"-m" && optionBefore != u"-v";
+  }
+
+  void BringOwn() {
+    const OwnTool* own = tool_->own;
+    command_.stage.inside = [own, name = command_.name, arguments = command_.stage.arguments](const Streams&) {
+      return RunOwnTool(*own, name, arguments);
+    };
+    command_.discard = [own, arguments = command_.stage.arguments] { own->discard(arguments); };
   }
 
   Status UsePrivateCopy() {

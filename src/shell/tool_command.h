@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
 
 #include "platform/result.h"
@@ -27,19 +28,20 @@ enum class RunKind { Real, SyntaxCheck };
 
 /// What a command line of an outside program comes to on this machine.
 struct ToolCommand {
-  QString name;  ///< the program's name for messages
+  QString name;  ///< the program's name for messages; "" for a command of the batch language
   ProcessStage stage;
-  QString output;                ///< host path of the file that an option names as its output, if any
-  bool addsSubpictures = false;  ///< a spumux run, which fails when it added none
+  QString output;                 ///< host path of the file that an option names as its output, if any
+  std::function<void()> discard;  ///< removes what a failed or stopped run has left unfinished, if set
+  bool addsSubpictures = false;   ///< a spumux run, which fails when it added none
 };
 
 /// Makes the native command of a batch's words, of which the first names the program.
 ///
 /// The stem of the program's name is looked up in the tool table; where a real ".exe" lies at the path named and Wine
-/// is installed, that one is taken. DOS paths in arguments become host paths, also behind an option (`-o"C:\x"`);
-/// options that the program here does not know are dropped; a control file is copied into `folder` with its paths
-/// mapped; with SyntaxCheck dvdauthor gets stand-ins for its films. A program that is not in the table must be an
-/// executable file of this machine.
+/// is installed, that one is taken; else a tool of this console runs in a process of its own. DOS paths in arguments
+/// become host paths, also behind an option (`-o"C:\x"`); options that the program here does not know are dropped; a
+/// control file is copied into `folder` with its paths mapped; with SyntaxCheck dvdauthor gets stand-ins for its films.
+/// A program that is not in the table must be an executable file of this machine.
 ///
 /// `inputHostPath` is the file that the command reads on its input, "" for none. Fails with a text for a line of the
 /// console that begins behind "*ERROR: ".

@@ -2,27 +2,44 @@
 
 #include <array>
 
+#include "shell/insnav.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 
 const ToolEntry* FindTool(const QString& stem) {
   using ControlFile = ToolEntry::ControlFile;
-  const auto missing = [](const QString& name) { return ToolEntry{name, {}, {}, ControlFile::None, {}, {}, {}, {}}; };
   static const std::array kTools{
-      ToolEntry{u"dvdauthor"_s, u"dvdauthor"_s, u"dvdauthor"_s, ControlFile::Dvdauthor, {u"-w"_s, u"-r"_s}, {}, {}, {}},
-      ToolEntry{u"spumux"_s, u"spumux"_s, u"dvdauthor"_s, ControlFile::Spumux, {u"-ma"_s, u"-w"_s}, {}, {}, {}},
-      ToolEntry{u"mplex"_s, u"mplex"_s, u"mjpegtools"_s, ControlFile::None, {}, {}, {u"-o"_s}, u"-o"_s},
-      ToolEntry{u"mpeg2enc"_s, u"mpeg2enc"_s, u"mjpegtools"_s, ControlFile::None, {}, {}, {}, u"-o"_s},
-      ToolEntry{u"png2yuv"_s, u"png2yuv"_s, u"mjpegtools"_s, ControlFile::None, {}, {}, {u"-j"_s}, {}},
-      ToolEntry{u"jpeg2yuv"_s, u"jpeg2yuv"_s, u"mjpegtools"_s, ControlFile::None, {}, {}, {u"-j"_s}, {}},
-      ToolEntry{u"mkisofs"_s, u"genisoimage"_s, u"genisoimage"_s, ControlFile::None, {}, {u"-V"_s}, {}, u"-o"_s},
-      missing(u"requant"_s),
-      missing(u"sup2png"_s),
-      missing(u"insnav"_s),
-      missing(u"muxman"_s),
-      missing(u"hcenc"_s),
-      missing(u"quenc"_s),
+      ToolEntry{.stem = u"dvdauthor"_s,
+                .program = u"dvdauthor"_s,
+                .package = u"dvdauthor"_s,
+                .controlFile = ControlFile::Dvdauthor,
+                .dropped = {u"-w"_s, u"-r"_s}},
+      ToolEntry{.stem = u"spumux"_s,
+                .program = u"spumux"_s,
+                .package = u"dvdauthor"_s,
+                .controlFile = ControlFile::Spumux,
+                .dropped = {u"-ma"_s, u"-w"_s}},
+      ToolEntry{.stem = u"mplex"_s,
+                .program = u"mplex"_s,
+                .package = u"mjpegtools"_s,
+                .patternValue = {u"-o"_s},
+                .outputOption = u"-o"_s},
+      ToolEntry{.stem = u"mpeg2enc"_s, .program = u"mpeg2enc"_s, .package = u"mjpegtools"_s, .outputOption = u"-o"_s},
+      ToolEntry{.stem = u"png2yuv"_s, .program = u"png2yuv"_s, .package = u"mjpegtools"_s, .patternValue = {u"-j"_s}},
+      ToolEntry{.stem = u"jpeg2yuv"_s, .program = u"jpeg2yuv"_s, .package = u"mjpegtools"_s, .patternValue = {u"-j"_s}},
+      ToolEntry{.stem = u"mkisofs"_s,
+                .program = u"genisoimage"_s,
+                .package = u"genisoimage"_s,
+                .plainValue = {u"-V"_s},
+                .outputOption = u"-o"_s},
+      ToolEntry{.stem = u"insnav"_s, .outputOption = u"-o"_s, .own = &kInsnav},
+      ToolEntry{.stem = u"requant"_s},
+      ToolEntry{.stem = u"sup2png"_s},
+      ToolEntry{.stem = u"muxman"_s},
+      ToolEntry{.stem = u"hcenc"_s},
+      ToolEntry{.stem = u"quenc"_s},
   };
   for (const ToolEntry& tool : kTools) {
     if (tool.stem.compare(stem, Qt::CaseInsensitive) == 0) return &tool;

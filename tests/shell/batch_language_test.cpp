@@ -64,7 +64,7 @@ TEST_F(BatchLanguage, TellsWhatItCannotDoInALineThatTheScanFinds) {
       {"| echo a\r\n", "*ERROR: The syntax of the command is incorrect.\r\n"},
       {"if a==\r\n", "*ERROR: The syntax of the command is incorrect.\r\n"},
       {"frobnicate x\r\n", "*ERROR: frobnicate is neither a command nor a program that exists\r\n"},
-      {"\"C:\\tools\\insnav.exe\" -o a b\r\n", "*ERROR: insnav is not available on this system\r\n"},
+      {"\"C:\\tools\\muxman.exe\" -o a b\r\n", "*ERROR: muxman is not available on this system\r\n"},
       {"x.bat\r\n", "*ERROR: batches call each other too deeply\r\n"},
       {"call x.bat & call x.bat\r\n", "*ERROR: batches call each other too deeply\r\n"},
   };

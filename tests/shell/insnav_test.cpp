@@ -1,0 +1,221 @@
+#include "shell/insnav.h"
+
+#include <dvdnav/dvdnav.h>
+
+#include <QRandomGenerator>
+#include <QtEndian>
+#include <vector>
+
+#include "real_media.h"
+#include "shell/mpeg_pack.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane::test {
+namespace {
+
+/// A unit of a finished title, in ticks of 90 kHz.
+struct Unit {
+  qint64 start = 0;
+  qint64 length = 0;
+};
+
+class InsnavTest : public RealMediaTest {
+ protected:
+  std::vector<MpegPack> Packs(const QString& name) const {
+    const QByteArray bytes = Read(name);
+    std::vector<MpegPack> packs;
+    for (qsizetype at = 0; at < bytes.size(); at += MpegPack::kSize) {
+      packs.emplace_back(bytes.mid(at, MpegPack::kSize));
+      EXPECT_TRUE(packs.back().IsWhole()) << at;
+    }
+    return packs;
+  }
+
+  std::string Author(const QByteArray& body) const {
+    Write(u"Author.xml"_s, "<dvdauthor dest=\"C:\\T\\DVD\">" + body + "</dvdauthor>");
+    return RunBatch("dvdauthor -x C:\\T\\Author.xml\r\n");
+  }
+
+  /// The units of the VOBs of a finished disc, by their navigation packs.
+  std::vector<Unit> Units(const QString& vob) const {
+    std::vector<Unit> units;
+    for (const MpegPack& pack : Packs(vob)) {
+      if (!pack.IsNavigation()) continue;
+      const auto at = [&pack](int position) { return qFromBigEndian<quint32>(pack.Bytes().constData() + position); };
+      units.push_back({at(57), qint64(at(61)) - at(57)});
+    }
+    return units;
+  }
+};
+
+struct SoundCase {
+  const char* norm;
+  const char* file;
+  const char* encoder;
+  int bitRate;
+};
+
+/// Every pack of the input is there, in its place between the added ones, and is sent neither late nor before the last.
+void ExpectSoundStream(const std::vector<MpegPack>& input, const std::vector<MpegPack>& output) {
+  qint64 sent = -1;
+  size_t next = 0;
+  for (const MpegPack& pack : output) {
+    EXPECT_GE(pack.Scr(), sent);
+    sent = pack.Scr() + pack.TransferTicks();
+    for (const PesPacket& packet : pack.Packets()) {
+      if (packet.pts) {
+        EXPECT_GE(*packet.pts * 300, sent);
+      }
+    }
+    if (pack.IsNavigation() && !(next < input.size() && input[next].IsNavigation())) continue;
+    ASSERT_LT(next, input.size());
+    if (!pack.IsNavigation()) {
+      EXPECT_EQ(pack.Bytes().sliced(14), input[next].Bytes().sliced(14)) << next;
+    }
+    ++next;
+  }
+  EXPECT_EQ(next, input.size());
+}
+
+TEST_F(InsnavTest, MakesATitleThatCanBeSearchedOfOnePictureAndItsSound) {
+  const std::vector<SoundCase> cases{
+      {"p", "a.ac3", "ac3", 192}, {"n", "a.ac3", "ac3", 448}, {"p", "a.mp2", "mp2", 64}, {"n", "a.mp2", "mp2", 224}};
+  for (const SoundCase& sound : cases) {
+    SCOPED_TRACE(std::string(sound.norm) + sound.encoder + std::to_string(sound.bitRate));
+    const QString file = QLatin1StringView(sound.file);
+    Ffmpeg(
+        u"-f lavfi -i sine=440:duration=40 -ac 2 -ar 48000 -c:a %1 -b:a %2k %3"_s.arg(QLatin1StringView(sound.encoder))
+            .arg(sound.bitRate)
+            .arg(file));
+    const double seconds = double(QFile(Host(file)).size()) * 8 / (sound.bitRate * 1000.0);
+    MakeStill(sound.norm);
+    const std::string printed = RunBatch(
+        u"\"C:\\Tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\t.mpg\" \"C:\\T\\v.m2v\" \"C:\\T\\%1\"\r\n"
+        "\"C:\\Tools\\insnav.exe\" -o \"C:\\T\\m.mpg\" \"C:\\T\\t.mpg\"\r\n"_s.arg(file)
+            .toUtf8());
+    ASSERT_NE(printed.find("navigation packs added"), std::string::npos) << printed;
+    ExpectSoundStream(Packs(u"t.mpg"_s), Packs(u"m.mpg"_s));
+
+    QDir(Host(u"DVD"_s)).removeRecursively();
+    const std::string authored =
+        Author("<vmgm/><titleset><titles><pgc><vob file=\"C:\\T\\m.mpg\"/></pgc></titles></titleset>");
+    EXPECT_EQ(authored.find("WARN"), std::string::npos) << authored;
+    EXPECT_EQ(authored.find("ERR"), std::string::npos) << authored;
+    const std::vector<Unit> units = Units(u"DVD/VIDEO_TS/VTS_01_1.VOB"_s);
+    ASSERT_GT(units.size(), 30U);
+    for (size_t i = 0; i < units.size(); ++i) {
+      EXPECT_GE(units[i].length, 36000) << i;
+      EXPECT_LE(units[i].length, i + 1 < units.size() ? 90000 : 108000) << i;
+    }
+
+    dvdnav_t* dvd = nullptr;
+    ASSERT_EQ(dvdnav_open(&dvd, QFile::encodeName(Host(u"DVD"_s)).constData()), DVDNAV_STATUS_OK);
+    dvdnav_set_readahead_flag(dvd, 0);
+    dvdnav_set_PGC_positioning_flag(dvd, 1);
+    uint64_t* chapters = nullptr;
+    uint64_t duration = 0;
+    EXPECT_EQ(dvdnav_describe_title_chapters(dvd, 1, &chapters, &duration), 1U);
+    free(chapters);
+    // The library counts 30 pictures of NTSC as a second.
+    EXPECT_NEAR(double(duration) / 90000 * (sound.norm[0] == 'p' ? 1 : 1.001), seconds, 0.04);
+    EXPECT_NEAR(double(units.back().start + units.back().length - units.front().start) / 90000, seconds, 0.04);
+    ASSERT_EQ(dvdnav_title_play(dvd, 1), DVDNAV_STATUS_OK);
+    std::vector<uint8_t> block(2048);
+    const auto toNextUnit = [&] {
+      for (int i = 0; i < 2000; ++i) {
+        int32_t event = 0;
+        int32_t length = 0;
+        if (dvdnav_get_next_block(dvd, block.data(), &event, &length) != DVDNAV_STATUS_OK) break;
+        if (event == DVDNAV_NAV_PACKET) return qint64(dvdnav_get_current_nav_pci(dvd)->pci_gi.vobu_s_ptm);
+      }
+      return qint64(-1);
+    };
+    ASSERT_EQ(toNextUnit(), units.front().start);
+    for (const int target : {20, 36, 3}) {
+      ASSERT_EQ(dvdnav_time_search(dvd, uint64_t(target) * 90000), DVDNAV_STATUS_OK) << dvdnav_err_to_string(dvd);
+      EXPECT_NEAR(double(toNextUnit() - units.front().start) / 90000, target, 1.2);
+    }
+    dvdnav_close(dvd);
+  }
+}
+
+TEST_F(InsnavTest, KeepsTheUnitsOfAFilmAndOfAMenuWithButtons) {
+  Ffmpeg(u"-f lavfi -i sine=440:duration=6 -ac 2 -ar 48000 -c:a ac3 -b:a 192k a.ac3"_s);
+  Ffmpeg(u"-f lavfi -i testsrc2=s=720x576:r=25:d=6 -c:v mpeg2video -b:v 3000k -g 12 -f mpeg2video v.m2v"_s);
+  RunBatch("mplex -M -f 8 -o C:\\T\\t.mpg C:\\T\\v.m2v C:\\T\\a.ac3\r\ninsnav -o C:\\T\\film.mpg C:\\T\\t.mpg\r\n");
+  ExpectSoundStream(Packs(u"t.mpg"_s), Packs(u"film.mpg"_s));
+  EXPECT_EQ(Units(u"film.mpg"_s).size(), Units(u"t.mpg"_s).size());
+
+  MakeStill("p");
+  RunBatch("mplex -M -f 8 -o C:\\T\\t.mpg C:\\T\\v.m2v C:\\T\\a.ac3\r\ninsnav -o C:\\T\\m.mpg C:\\T\\t.mpg\r\n");
+  QImage button(720, 576, QImage::Format_ARGB32);
+  button.fill(Qt::transparent);
+  for (int x = 100; x < 200; ++x) button.setPixelColor(x, 100, Qt::red);
+  button.save(Host(u"h.png"_s));
+  Write(u"s.xml"_s,
+        "<subpictures><stream><spu start=\"0\" highlight=\"C:\\T\\h.png\" select=\"C:\\T\\h.png\" force=\"yes\">"
+        "<button name=\"b\" x0=\"90\" y0=\"90\" x1=\"210\" y1=\"120\"/></spu></stream></subpictures>");
+  std::string printed = RunBatch("spumux C:\\T\\s.xml <C:\\T\\m.mpg > C:\\T\\menu.mpg\r\n");
+  printed += Author(
+      "<vmgm><menus><video format=\"pal\"/><pgc><vob file=\"C:\\T\\menu.mpg\" pause=\"inf\"/><button name=\"b\">"
+      "jump title 1;</button></pgc></menus></vmgm>"
+      "<titleset><titles><pgc><vob file=\"C:\\T\\film.mpg\"/></pgc></titles></titleset>");
+  EXPECT_EQ(printed.find("ERR"), std::string::npos) << printed;
+  const std::vector<Unit> units = Units(u"DVD/VIDEO_TS/VIDEO_TS.VOB"_s);
+  EXPECT_EQ(units.size(), Units(u"m.mpg"_s).size());
+  EXPECT_GE(units.size(), 10U);
+}
+
+TEST_F(InsnavTest, RefusesWhatIsNoStreamAndLeavesTheFormerOutput) {
+  const std::vector<std::pair<QByteArray, const char*>> cases{
+      {"", "holds neither pictures nor sound"},
+      {"no film at all", "no whole pack of 2048 bytes at byte 0; multiplex the film with mplex -f 8"},
+      {QByteArray("\0\0\1\xBA\x44", 5) + QByteArray(2043 + 100, '\0'),
+       "no whole pack of 2048 bytes at byte 2048; multiplex"},
+      {QByteArray("\0\0\1\xBA\x44", 5) + QByteArray(2043, '\0'), "holds neither pictures nor sound"},
+  };
+  Write(u"m.mpg"_s, "former");
+  for (const auto& [bytes, message] : cases) {
+    Write(u"t.mpg"_s, bytes);
+    const std::string printed = RunBatch("insnav -o C:\\T\\m.mpg C:\\T\\t.mpg\r\n");
+    EXPECT_EQ(printed.find("ERR:  insnav: " + Host(u"t.mpg"_s).toStdString() + ": " + message), 0U) << printed;
+    EXPECT_TRUE(printed.ends_with("\r\n*ERROR: insnav ended with status 1\r\n")) << printed;
+    EXPECT_EQ(Read(u"m.mpg"_s), "former");
+    EXPECT_EQ(Files(), (QStringList{u"m.mpg"_s, u"t.mpg"_s, u"x.bat"_s}));
+  }
+  EXPECT_EQ(RunBatch("insnav -o C:\\T\\m.mpg\r\n"),
+            "ERR:  insnav: usage: insnav -o OUTPUT INPUT\r\n\r\n*ERROR: insnav ended with status 1\r\n");
+}
+
+TEST_F(InsnavTest, SurvivesDamagedStreams) {
+  Ffmpeg(u"-f lavfi -i sine=440:duration=2 -ac 2 -ar 48000 -c:a mp2 -b:a 64k a.mp2"_s);
+  MakeStill("p");
+  RunBatch("mplex -M -f 8 -o C:\\T\\t.mpg C:\\T\\v.m2v C:\\T\\a.mp2\r\n");
+  const QByteArray whole = Read(u"t.mpg"_s);
+  QRandomGenerator random(7);
+  int done = 0;
+  for (int round = 0; round < 400; ++round) {
+    QByteArray bytes = whole;
+    const int changes = 1 + random.bounded(40);
+    for (int i = 0; i < changes; ++i) {
+      // Most faults in headers, where they matter.
+      const qsizetype pack = random.bounded(int(bytes.size() / MpegPack::kSize)) * MpegPack::kSize;
+      bytes[pack + 4 + random.bounded(random.bounded(2) ? 36 : 2044)] = char(random.bounded(256));
+    }
+    if (round % 10 == 0) bytes.truncate(random.bounded(int(bytes.size())));
+    Write(u"d.mpg"_s, bytes);
+    const Result<QString> result = kInsnav.run({u"-o"_s, Host(u"m.mpg"_s), Host(u"d.mpg"_s)});
+    if (!result) {
+      EXPECT_TRUE(result.Error().startsWith(Host(u"d.mpg"_s))) << result.Error().toStdString();
+    } else {
+      ++done;
+      EXPECT_GE(QFile(Host(u"m.mpg"_s)).size(), bytes.size() / MpegPack::kSize * MpegPack::kSize);
+    }
+    EXPECT_FALSE(QFile::exists(Host(u"m.mpg.part"_s)));
+  }
+  EXPECT_GT(done, 100);
+}
+
+}  // namespace
+}  // namespace torvane::test
