@@ -1,5 +1,6 @@
 #include "cli/project_info.h"
 
+#include "compilers/plan_check.h"
 #include "core/action_strings.h"
 #include "core/audio_title_set.h"
 #include "core/film_view.h"
@@ -59,6 +60,7 @@ QString Findings(const Project& project) {
       if (button.Action().value_or(QString()).isEmpty()) text += u"  button without action: %1\n"_s.arg(button.Key());
     }
   }
+  for (const QString& finding : PlanFindings(project)) text += u"  "_s + finding + u'\n';
   return text;
 }
 

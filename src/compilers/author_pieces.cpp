@@ -1,12 +1,15 @@
 #include "compilers/author_pieces.h"
 
+#include "core/action_strings.h"
+#include "core/text.h"
+#include "core/timecode.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
 
 constexpr QStringView kLineBreak = u"\r\n";
-constexpr QStringView kPlayAll = u"Play_all";
 
 }  // namespace
 
@@ -25,19 +28,20 @@ QString IndentCommand(const QString& text, int indent) {
 }
 
 int FindAutoActionButton(const MenuView& menu) {
-  if (!menu.IsSwitched()) return 0;
+  const std::optional<ButtonView> autoButton = menu.AutoActionButton();
+  if (!autoButton) return 0;
   int count = 0;
   for (const ButtonView& button : menu.Buttons()) {
     if (button.IsWritten() && button.Tag(element_node::Action).isEmpty()) ++count;
-    if (button.IsAutoAction()) return count * 1024;
+    if (button.Key() == autoButton->Key()) break;
   }
-  return 0;
+  return count * 1024;
 }
 
 bool HasPlayAllButton(const Project& project) {
   if (project.Settings.NoMenus) return false;
   for (const ButtonView& button : MenuView(project.Tree, MainMenuKey()).Buttons()) {
-    if (button.Action() == kPlayAll) return true;
+    if (button.Action() == kPlayAllAction) return true;
   }
   return false;
 }
@@ -48,6 +52,11 @@ QString PlayAllAction(const Settings& settings) {
 
 QString MenuFile(const Settings& settings, const QString& menuKey, bool wide) {
   return settings.TempDir + u'\\' + menuKey + (wide ? u"MenuL.mpg" : u"Menu.mpg");
+}
+
+QString RootMenuFile(const Settings& settings, const MenuView& menu, AuthorMode mode) {
+  if (mode == AuthorMode::SyntaxCheck) return settings.TempDir + u'\\' + menu.Key() + u"test.mpg";
+  return MenuFile(settings, menu.Key(), menu.IsWide(settings));
 }
 
 QString EmptyMenuFile(const Settings& settings, AuthorMode mode) {
@@ -78,23 +87,68 @@ void AuthorPieces::Buttons(const MenuView& menu, const QString& playAll) {
   const auto line = [this](const QString& name, const QString& action) {
     out_.Line(u"        <button name=\"" + name + u"\">" + action + u"</button>");
   };
-  std::optional<ButtonView> autoButton;
   for (const ButtonView& button : menu.Buttons()) {
     if (!button.IsWritten()) continue;
     const QString action = button.Action().value_or(QString());
-    line(button.Key(), action == kPlayAll && !playAll.isEmpty() ? playAll : action);
-    if (button.IsAutoAction()) autoButton = button;
+    line(button.Key(), action == kPlayAllAction && !playAll.isEmpty() ? playAll : action);
   }
+  const std::optional<ButtonView> autoButton = menu.AutoActionButton();
   if (!autoButton) return;
   const auto direction = [&](const QString& name, Attribute attribute) {
     line(name, autoButton->Text(attribute).value_or(QString()));
   };
-  if (autoButton->Text(element_node::ActionLeft).value_or(QString()).isEmpty()) return;
   direction(u"Actionleft"_s, element_node::ActionLeft);
   direction(u"Actionright"_s, element_node::ActionRight);
   direction(u"Actionup"_s, element_node::ActionUp);
   direction(u"Actiondown"_s, element_node::ActionDown);
 }
+
+void AuthorPieces::MainMenuPost() {
+  const MenuView menu(project_.Tree, MainMenuKey());
+  const QString post = IndentCommand(menu.Text(menu_node::BackgroundPostAction).value_or(QString()), 12);
+  if (!post.isEmpty()) {
+    Block(u"        <post>"_s, post, u"        </post>"_s);
+  } else {
+    LoopPost(menu, u"g1=s8/1024; jump menu 1;"_s);
+  }
+}
+
+void AuthorPieces::LoopPost(const MenuView& menu, const QString& repeat) {
+  if (menu.LoopState() != u"0") return;
+  out_.Line(u"        <post>" + (project_.Settings.LoopSyntax ? repeat : u"jump cell 1;"_s) + u"</post>");
+}
+
+void AuthorPieces::Languages(const FilmView& film) {
+  const QString tags = film.Text(film_node::LanguageTags).value_or(QString());
+  for (int position = 0; position < 2 * kFilmStreams; ++position) {
+    const QString code = tags.mid(3 * position, 2);
+    if (code.trimmed().isEmpty()) continue;
+    const QString element = position < kFilmStreams ? u"audio"_s : u"subpicture"_s;
+    out_.Line(u"      <" + element + u" lang=\"" + code + u"\" />");
+  }
+}
+
+void AuthorPieces::FilmPgc(const FilmView& film) {
+  const bool hasPalette = film.Text(film_node::SubColors).has_value();
+  out_.Line(hasPalette ? u"      <pgc palette=\"" + Stem(film) + u".pal\">" : u"      <pgc>"_s);
+}
+
+void AuthorPieces::FilmVob(const FilmView& film) {
+  QString source = film.NeedsMux() ? QString(Stem(film) + u".mpg") : film.Video();
+  if (const int count = film.SubtitleCount()) source = Stem(film) + u"_SUB%1.mpg"_s.arg(count);
+  const bool adjust = film.Fps() == u"29.97" && project_.Settings.AdjNTSCtc;
+  const QString chapters = adjust ? ConvertChapterList(film.Chapters()) : film.Chapters();
+  out_.Line(u"        <vob file=\"" + source + u"\" chapters=\"" + chapters + u"\"/>");
+}
+
+void AuthorPieces::IntroVob() {
+  const Settings& settings = project_.Settings;
+  const bool isProgramStream = settings.IntroMovie.endsWith(u".mpg", Qt::CaseInsensitive);
+  const QString file = isProgramStream ? settings.IntroMovie : settings.TempDir + u"\\intro.mpg";
+  out_.Line(u"        <vob file=\"" + file + u"\" chapters=\"00:00:00.00\"/>");
+}
+
+QString AuthorPieces::Stem(const FilmView& film) const { return project_.Settings.TempDir + u'\\' + film.Name(); }
 
 void AuthorPieces::MenuPgc(const QString& menuKey, int number, bool playAll) {
   const MenuView menu(project_.Tree, menuKey);
@@ -142,10 +196,7 @@ void AuthorPieces::MenuPre(const MenuView& menu, bool playAll) {
 void AuthorPieces::MenuPost(const MenuView& menu, int number) {
   const QString post = menu.Text(menu_node::PostCommand).value_or(QString());
   if (post.isEmpty()) {
-    if (menu.LoopState() != u"0") return;
-    out_.Line(project_.Settings.LoopSyntax
-                  ? u"        <post>g1=s8/1024; jump menu " + QString::number(number) + u";</post>"
-                  : u"        <post>jump cell 1;</post>"_s);
+    LoopPost(menu, u"g1=s8/1024; jump menu %1;"_s.arg(number));
   } else if (post.contains(kLineBreak)) {
     Block(u"        <post>"_s, IndentCommand(post, 10), u"        </post>"_s);
   } else {

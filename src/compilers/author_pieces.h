@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "core/film_view.h"
 #include "core/line_text.h"
 #include "core/menu_view.h"
 #include "core/project.h"
@@ -37,8 +38,20 @@ class AuthorPieces {
   /// One line per button that exists on the disc, then the pseudo buttons of an auto action button. `playAll` is what
   /// stands for the action "Play_all"; nothing is replaced when it is empty.
   void Buttons(const MenuView& menu, const QString& playAll);
+  /// What follows the main menu: its own commands, or those of a looping menu.
+  void MainMenuPost();
+  /// What a looping menu without commands of its own does at its end. `repeat` is for players that lose the
+  /// highlight when a menu jumps to its own cell.
+  void LoopPost(const MenuView& menu, const QString& repeat);
   /// The PGC of a submenu, `number` being its number within its domain.
   void MenuPgc(const QString& menuKey, int number, bool playAll);
+  /// The languages of the film's streams.
+  void Languages(const FilmView& film);
+  /// The start of the film's PGC, with its palette.
+  void FilmPgc(const FilmView& film);
+  /// The film as the video batch leaves it, with its chapters.
+  void FilmVob(const FilmView& film);
+  void IntroVob();
   /// A start line, a text of any number of lines, and an end line.
   void Block(const QString& start, const QString& text, const QString& end);
 
@@ -46,6 +59,7 @@ class AuthorPieces {
   void MenuComment(const MenuView& menu, int number);
   void MenuPre(const MenuView& menu, bool playAll);
   void MenuPost(const MenuView& menu, int number);
+  QString Stem(const FilmView& film) const;
 
   const Project& project_;
   LineText& out_;
@@ -53,6 +67,9 @@ class AuthorPieces {
 
 /// Path of the multiplexed menu file that a control file names: "{Temp}\MMMenu.mpg", "MMMenuL.mpg" on a 16:9 menu.
 QString MenuFile(const Settings& settings, const QString& menuKey, bool wide);
+
+/// The same of the main menu or of a titleset's root menu; "{Temp}\MMtest.mpg" for the syntax check.
+QString RootMenuFile(const Settings& settings, const MenuView& menu, AuthorMode mode);
 
 /// "{Temp}\EmptyBackg.mpg", the menu video that nobody sees.
 QString EmptyMenuFile(const Settings& settings, AuthorMode mode);

@@ -1,8 +1,6 @@
 #include "compilers/author_xml.h"
 
 #include "core/film_view.h"
-#include "core/text.h"
-#include "core/timecode.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,7 +30,7 @@ class SingleWriter {
     out_.Line(u"<titleset>");
     if (!settings_.NoMenus) DummyMenu();
     out_.Line(u"    <titles>");
-    Languages();
+    pieces_.Languages(FilmView(project_.Tree, 1));
     for (int film = 1; film <= project_.FilmCount; ++film) Film(FilmView(project_.Tree, film));
     if (settings_.UseIntro) Intro();
     out_.Line(u"    </titles>");
@@ -49,12 +47,10 @@ class SingleWriter {
     pieces_.VideoElement(settings_.DefMenuRatio);
     out_.Line(u"      <pgc>");
     MainMenuPre(menu);
-    const QString file = mode_ == AuthorMode::SyntaxCheck
-                             ? settings_.TempDir + u"\\MMtest.mpg"
-                             : MenuFile(settings_, MainMenuKey(), settings_.DefMenuRatio);
+    const QString file = RootMenuFile(settings_, menu, mode_);
     out_.Line(u"        <vob file=\"" + file + u"\" pause=\"" + menu.Pause() + u"\"/>");
     pieces_.Buttons(menu, PlayAllAction(settings_));
-    MainMenuPost(menu);
+    pieces_.MainMenuPost();
     out_.Line(u"      </pgc>");
     int number = 2;
     for (const QString& key : menu.SubMenuKeys()) pieces_.MenuPgc(key, number++, playAll_);
@@ -78,16 +74,6 @@ class SingleWriter {
     out_.Line(line);
   }
 
-  void MainMenuPost(const MenuView& menu) {
-    const QString post = IndentCommand(menu.Text(menu_node::BackgroundPostAction).value_or(QString()), 12);
-    if (!post.isEmpty()) {
-      pieces_.Block(u"        <post>"_s, post, u"        </post>"_s);
-    } else if (menu.LoopState() == u"0") {
-      out_.Line(settings_.LoopSyntax ? u"        <post>g1=s8/1024; jump menu 1;</post>"
-                                     : u"        <post>jump cell 1;</post>");
-    }
-  }
-
   /// It returns to the main menu at once and so never shows.
   void DummyMenu() {
     out_.Line(u"    <menus>");
@@ -100,26 +86,15 @@ class SingleWriter {
     out_.Line(u"    </menus>");
   }
 
-  void Languages() {
-    const QString tags = FilmView(project_.Tree, 1).Text(film_node::LanguageTags).value_or(QString());
-    for (int position = 0; position < 2 * kFilmStreams; ++position) {
-      const QString code = tags.mid(3 * position, 2);
-      if (code.trimmed().isEmpty()) continue;
-      const QString element = position < kFilmStreams ? u"audio"_s : u"subpicture"_s;
-      out_.Line(u"      <" + element + u" lang=\"" + code + u"\" />");
-    }
-  }
-
   void Film(const FilmView& film) {
-    const bool hasPalette = film.Text(film_node::SubColors).has_value();
-    out_.Line(hasPalette ? u"      <pgc palette=\"" + Stem(film) + u".pal\">" : u"      <pgc>"_s);
+    pieces_.FilmPgc(film);
     const QString pre = IndentCommand(film.Text(film_node::PreAction).value_or(QString()), 12);
     if (!pre.isEmpty()) {
       pieces_.Block(u"      <pre>"_s, pre, u"      </pre>"_s);
     } else if (film.StartsWithSubtitle()) {
       out_.Line(u"      <pre> subtitle=64; </pre>");
     }
-    out_.Line(u"        <vob file=\"" + Source(film) + u"\" chapters=\"" + Chapters(film) + u"\"/>");
+    pieces_.FilmVob(film);
     const QString post = IndentCommand(film.Text(film_node::PostAction).value_or(QString()), 14);
     if (!post.isEmpty()) {
       pieces_.Block(u"        <post>"_s, post, u"        </post>"_s);
@@ -127,18 +102,6 @@ class SingleWriter {
       out_.Line(GeneratedPost(film));
     }
     out_.Line(u"      </pgc>");
-  }
-
-  QString Stem(const FilmView& film) const { return settings_.TempDir + u'\\' + film.Name(); }
-
-  QString Source(const FilmView& film) const {
-    if (const int count = film.SubtitleCount()) return Stem(film) + u"_SUB" + Number(count) + u".mpg";
-    return film.NeedsMux() ? Stem(film) + u".mpg" : film.Video();
-  }
-
-  QString Chapters(const FilmView& film) const {
-    const bool adjust = film.Fps() == u"29.97" && settings_.AdjNTSCtc;
-    return adjust ? ConvertChapterList(film.Chapters()) : film.Chapters();
   }
 
   QString GeneratedPost(const FilmView& film) const {
@@ -154,9 +117,7 @@ class SingleWriter {
 
   void Intro() {
     out_.Line(u"      <pgc>");
-    const bool isProgramStream = settings_.IntroMovie.endsWith(u".mpg", Qt::CaseInsensitive);
-    const QString file = isProgramStream ? settings_.IntroMovie : settings_.TempDir + u"\\intro.mpg";
-    out_.Line(u"        <vob file=\"" + file + u"\" chapters=\"00:00:00.00\"/>");
+    pieces_.IntroVob();
     out_.Line(settings_.NoMenus ? u"        <post>jump title 1;</post>" : u"        <post>call vmgm menu;</post>");
     out_.Line(u"      </pgc>");
   }
@@ -177,7 +138,8 @@ QString AuthorLogText(const Project& project) {
   QString log = u"Project: " + project.ProjectFile + u"\r\nOutput: " + project.Settings.OutDir + u"\\DVD\r\n";
   for (int i = 1; i <= project.FilmCount; ++i) {
     const FilmView film(project.Tree, i);
-    log += u"Film #" + Number(i) + u": " + film.Name() + u"  Video: " + film.Video() + u"\r\n";
+    const QString what = film.IsAudioTitleSet() ? kAudioTitleSetMark.toString() : QString(u"Video: " + film.Video());
+    log += u"Film #" + Number(i) + u": " + film.Name() + u"  " + what + u"\r\n";
   }
   return log;
 }

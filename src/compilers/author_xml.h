@@ -11,6 +11,10 @@ namespace torvane {
 /// text from the project stands in it as it is, without XML escaping.
 QByteArray WriteAuthorXmlSingle(const Project& project, AuthorMode mode);
 
+/// The same with a titleset for each film and audio titleset, each with a root menu of its own. Titles start each other
+/// through general registers and PGCs of the VMGM domain, since one titleset cannot jump into another.
+QByteArray WriteAuthorXmlTitlesets(const Project& project, AuthorMode mode);
+
 /// What the writing of the control file adds to the run's log with `KeepLogFile`: project, output and films.
 QString AuthorLogText(const Project& project);
 

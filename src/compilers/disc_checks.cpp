@@ -4,6 +4,7 @@
 #include <QSet>
 #include <algorithm>
 
+#include "compilers/plan_check.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/messages.h"
@@ -34,19 +35,6 @@ bool LoopsWithoutMotion(const MenuView& menu) {
   return menu.Flag(menu_node::BackgroundLoop) && buttons && buttons->ChildCount() > 0 && !onlyBack &&
          !menu.Has(menu_node::BackgroundAudio) && !menu.Has(menu_node::BackgroundAnimation) &&
          !(animations && animations->ChildCount() > 0) && !menu.HasTransition();
-}
-
-std::vector<QString> AllMenuKeys(const Project& project) {
-  std::vector<QString> keys{MainMenuKey()};
-  for (const MenuSlot& slot : project.MainSubMenuTable) {
-    if (slot.Used) keys.push_back(slot.MenuKey);
-  }
-  if (project.Settings.NoTitleSets) return keys;
-  for (int i = 1; i <= project.TitleSetCount; ++i) keys.push_back(TitleSetMenuKey(i));
-  for (const MenuSlot& slot : project.SubMenuTable) {
-    if (slot.Used) keys.push_back(slot.MenuKey);
-  }
-  return keys;
 }
 
 // ---- Deleting the old disc ----
@@ -132,7 +120,8 @@ bool CheckIntro(const Project& project, Prompter& prompter) {
 
 bool CheckLoopingMenus(const Project& project, Prompter& prompter) {
   QStringList names;
-  for (const QString& key : AllMenuKeys(project)) {
+  const bool withTitlesets = !project.Settings.NoTitleSets;
+  for (const QString& key : MainMenuKeys(project) + (withTitlesets ? TitlesetMenuKeys(project) : QStringList())) {
     const MenuView menu(project.Tree, key);
     if (LoopsWithoutMotion(menu)) names << menu.Name();
   }

@@ -1,12 +1,18 @@
 #include "compilers/pipeline.h"
 
+#include <algorithm>
+#include <cerrno>
+
+#include "compilers/audio_titleset.h"
 #include "compilers/author_xml.h"
 #include "compilers/disc_checks.h"
 #include "compilers/menu_files.h"
-#include "compilers/video_batch.h"
+#include "compilers/plan_check.h"
+#include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"
 #include "platform/host_files.h"
+#include "render/audio_slide.h"
 #include "render/menu_encoding.h"
 #include "run/source_guard.h"
 
@@ -19,21 +25,21 @@ bool CreateDvdPipeline::HasButtons() const {
   return buttons && buttons->ChildCount() > 0;
 }
 
-bool CreateDvdPipeline::IsSupported() {
+bool CreateDvdPipeline::IsSupported(SoundFiles sound) {
   const Settings& settings = project_.Settings;
   QString reason;
-  if (settings.Engine != 0) {
+  if (settings.Engine != kEngineDvdauthor) {
     reason = u"Projects for MuxMan cannot be authored yet. Please choose dvdauthor as authoring engine."_s;
-  } else if (!settings.NoTitleSets) {
-    reason = u"Projects with a titleset for each film cannot be authored yet. Please switch titlesets off."_s;
   } else if (settings.NeroBurn) {
     reason = u"Discs cannot be burnt yet. Please switch burning off and create an ISO image."_s;
   }
-  for (int i = 1; i <= project_.FilmCount && reason.isEmpty(); ++i) {
-    if (!FilmView(project_.Tree, i).IsAudioTitleSet()) continue;
-    reason = u"Film %1 is an audio titleset; these cannot be authored yet."_s.arg(i);
+  for (const QString& key : DiscMenuKeys(project_)) {
+    const MenuView menu(project_.Tree, key);
+    if (!reason.isEmpty() || !menu.IsAnimated(settings)) continue;
+    reason = u"Menu %1 (%2) is animated; such menus cannot be authored yet. Please take its animations or transition away."_s
+                 .arg(menu.Name(), key);
   }
-  if (reason.isEmpty()) return true;
+  if (reason.isEmpty()) return CheckPlan(project_, prompter_, sound);
   prompter_.Fail(reason);
   return false;
 }
@@ -41,9 +47,10 @@ bool CreateDvdPipeline::IsSupported() {
 Readiness CreateDvdPipeline::PrepareCreateDvd() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const Settings& settings = project_.Settings;
-  const bool ready = IsSupported() && CheckIntro(project_, prompter_) &&
+  const bool ready = IsSupported(SoundFiles::Read) && CheckIntro(project_, prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckBatchTexts(project_, prompter_) && CheckTemporaryNames(project_, prompter_) && CheckSourcesSafe(project_, prompter_) &&
+                     CheckBatchTexts(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
+                     CheckSourcesSafe(project_, prompter_) &&
                      ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) && ClearOldIso(project_, prompter_) &&
                      CheckFreeSpace(project_, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
@@ -51,7 +58,7 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
 
 Readiness CreateDvdPipeline::PrepareCreateBatch() {
   if (!HasButtons()) return Readiness::NothingToDo;
-  const bool ready = IsSupported() && CheckIntro(project_, prompter_) &&
+  const bool ready = IsSupported(SoundFiles::Read) && CheckIntro(project_, prompter_) &&
                      (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
                      CheckBatchTexts(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
@@ -60,9 +67,8 @@ Readiness CreateDvdPipeline::PrepareCreateBatch() {
 std::optional<RunPlan> CreateDvdPipeline::BuildProject(BatchUse use) {
   const Settings& settings = project_.Settings;
   batchList_.clear();
-  // Without titlesets a project without menus needs no menu video, one with menus needs the empty one.
-  const bool written = WriteVideoFiles() && (settings.NoMenus || (CompileMenus() && WriteEmptyMenu())) &&
-                       WriteTemp(u"Author.xml"_s, WriteAuthorXmlSingle(project_, AuthorMode::Run)) &&
+  const bool written = CheckPlan(project_, prompter_) && WriteVideoFiles() && CompileMenus() &&
+                       WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::Run)) &&
                        AddBatch(kAuthorBatch.toString(), AuthorBatch(settings)) && WriteIsoBatch(use);
   if (!written) return std::nullopt;
 
@@ -80,9 +86,9 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
     prompter_.Fail(GetMessage(53));
     return std::nullopt;
   }
-  if (!IsSupported()) return std::nullopt;
+  if (!IsSupported(SoundFiles::Ignored)) return std::nullopt;
   batchList_.clear();
-  const bool written = WriteTemp(u"Author.xml"_s, WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck)) &&
+  const bool written = WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::SyntaxCheck)) &&
                        AddBatch(kSyntaxBatch.toString(), SyntaxBatch(project_.Settings));
   if (!written) return std::nullopt;
   return RunPlan{.BatchList = batchList_,
@@ -90,23 +96,61 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
                  .LogText = project_.Settings.KeepLogFile ? AuthorLogText(project_) : QString()};
 }
 
+QByteArray CreateDvdPipeline::AuthorXml(AuthorMode mode) const {
+  return project_.Settings.NoTitleSets ? WriteAuthorXmlSingle(project_, mode) : WriteAuthorXmlTitlesets(project_, mode);
+}
+
 bool CreateDvdPipeline::WriteVideoFiles() {
   const VideoBatch video = WriteVideoBatch(project_);
+  for (const GeneratedFile& palette : video.palettes) WritePaletteFile(palette);
   for (const GeneratedFile& file : video.controlFiles) {
     if (!Succeeded(HostFiles::WriteAtomically(file.path, file.content))) return false;
+  }
+  for (int i = 1; i <= project_.FilmCount; ++i) {
+    if (FilmView(project_.Tree, i).IsAudioTitleSet() && !WriteAudioSlides(i)) return false;
   }
   return AddBatch(kVideoBatch.toString(), video.batch);
 }
 
-bool CreateDvdPipeline::CompileMenus() {
-  if (!CompileMainMenu(MainMenuKey())) return false;
-  for (const MenuSlot& slot : project_.MainSubMenuTable) {
-    if (slot.Used && !CompileMainMenu(slot.MenuKey)) return false;
+void CreateDvdPipeline::WritePaletteFile(const GeneratedFile& palette) {
+  errno = 0;
+  const Status written = HostFiles::WriteAtomically(palette.path, palette.content);
+  const int number = errno;
+  if (!written) prompter_.Warn(written.Error() + u"   " + QString::number(number));
+}
+
+bool CreateDvdPipeline::WriteAudioSlides(int film) {
+  const Settings& settings = project_.Settings;
+  const AudioTitleStore store = ReadAudioTitleSet(project_.Tree, film);
+  PictureLoader pictures(u"film %1 (%2)"_s.arg(film).arg(store.Name));
+  for (std::size_t i = 0; i < store.Titles.size(); ++i) {
+    const QString path = AudioSlideFile(settings, film, int(i) + 1);
+    const QImage slide = DrawAudioSlide(store.Titles[i], store.Layout, settings, pictures);
+    const Result<QByteArray> picture = EncodePicture(slide, path);
+    if (!picture) {
+      prompter_.Fail(picture.Error());
+      return false;
+    }
+    if (!Succeeded(HostFiles::WriteAtomically(path, *picture))) return false;
   }
+  for (const QString& error : pictures.Errors()) prompter_.Warn(error);
   return true;
 }
 
-bool CreateDvdPipeline::CompileMainMenu(const QString& key) {
+bool CreateDvdPipeline::CompileMenus() {
+  const Settings& settings = project_.Settings;
+  // Which PGCs pass on without being seen, and so need the empty menu, depends on the form of the control file.
+  if (settings.NoMenus) return settings.NoTitleSets || WriteEmptyMenu();
+  if (!CompileMenus(MainMenuKeys(project_))) return false;
+  if ((settings.NoTitleSets || settings.UseIntro) && !WriteEmptyMenu()) return false;
+  return settings.NoTitleSets || CompileMenus(TitlesetMenuKeys(project_));
+}
+
+bool CreateDvdPipeline::CompileMenus(const QStringList& keys) {
+  return std::ranges::all_of(keys, [this](const QString& key) { return CompileMenu(key); });
+}
+
+bool CreateDvdPipeline::CompileMenu(const QString& key) {
   const Settings& settings = project_.Settings;
   const MenuView menu(project_.Tree, key);
   const Result<ComposedMenu> composed = ComposeMenu(menu, settings, ComposeMode::Compile);

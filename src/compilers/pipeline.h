@@ -4,7 +4,10 @@
 #include <QStringList>
 #include <optional>
 
+#include "compilers/author_pieces.h"
+#include "compilers/plan_check.h"
 #include "compilers/run_batches.h"
+#include "compilers/video_batch.h"
 #include "core/project.h"
 #include "core/prompter.h"
 #include "platform/result.h"
@@ -46,11 +49,15 @@ class CreateDvdPipeline {
   std::optional<RunPlan> BuildSyntaxCheck();
 
  private:
-  bool IsSupported();
+  bool IsSupported(SoundFiles sound);
   bool HasButtons() const;
   bool WriteVideoFiles();
+  void WritePaletteFile(const GeneratedFile& palette);
+  bool WriteAudioSlides(int film);
+  QByteArray AuthorXml(AuthorMode mode) const;
   bool CompileMenus();
-  bool CompileMainMenu(const QString& key);
+  bool CompileMenus(const QStringList& keys);
+  bool CompileMenu(const QString& key);
   bool WriteEmptyMenu();
   bool WriteIsoBatch(BatchUse use);
   bool AddBatch(const QString& name, const QByteArray& text);

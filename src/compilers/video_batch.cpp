@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "compilers/audio_titleset.h"
 #include "compilers/subtitle_files.h"
 #include "core/film_view.h"
 #include "core/line_text.h"
@@ -30,8 +31,9 @@ class BatchWriter {
     Intro();
     for (int i = 1; i <= project_.FilmCount; ++i) {
       const FilmView film(project_.Tree, i);
-      if (film.IsAudioTitleSet()) continue;
-      if (film.NeedsMux()) {
+      if (film.IsAudioTitleSet()) {
+        AudioTitleSet(i);
+      } else if (film.NeedsMux()) {
         FilmToMultiplex(film);
       } else {
         FilmAlreadyMultiplexed(film);
@@ -53,6 +55,12 @@ class BatchWriter {
                       QuotedBatchPath(settings_.IntroMovie);
     if (!settings_.IntroAudio.isEmpty()) line += ' ' + QuotedBatchPath(settings_.IntroAudio);
     out_.Line(line);
+  }
+
+  void AudioTitleSet(int film) {
+    if (!hasAudioFolder_) AudioFolderLines(out_, settings_);
+    hasAudioFolder_ = true;
+    AudioTrackLines(out_, project_, film);
   }
 
   void FilmToMultiplex(const FilmView& film) {
@@ -101,7 +109,7 @@ class BatchWriter {
 
   void Palette(const FilmView& film) {
     if (const std::optional<QString> colors = film.Text(film_node::SubColors)) {
-      result_.controlFiles.push_back({Stem(film) + u".pal", PaletteFileText(*colors)});
+      result_.palettes.push_back({Stem(film) + u".pal", PaletteFileText(*colors)});
     }
   }
 
@@ -143,6 +151,7 @@ class BatchWriter {
   const Project& project_;
   const Settings& settings_;
   LineText out_;
+  bool hasAudioFolder_ = false;
   VideoBatch result_;
 };
 

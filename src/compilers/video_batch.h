@@ -16,11 +16,12 @@ struct GeneratedFile {
 
 struct VideoBatch {
   QByteArray batch;                         ///< text of `batchrun0.bat`
-  std::vector<GeneratedFile> controlFiles;  ///< subtitle control files and palettes that its lines name
+  std::vector<GeneratedFile> palettes;      ///< of the films' subtitles
+  std::vector<GeneratedFile> controlFiles;  ///< subtitle control files that its lines name
 };
 
 /// The batch that brings every film into the state that the control file names: multiplexed, with its subtitle
-/// streams. Audio titlesets add no lines.
+/// streams. A track of an audio titleset becomes a film of its picture.
 VideoBatch WriteVideoBatch(const Project& project);
 
 }  // namespace torvane

@@ -133,6 +133,7 @@ std::vector<QString> MenuView::SubMenuKeys() const {
 }
 
 std::optional<ButtonView> MenuView::AutoActionButton() const {
+  if (!IsSwitched()) return std::nullopt;
   std::optional<ButtonView> autoButton;
   for (const ButtonView& button : Buttons()) {
     if (button.IsWritten() && button.IsAutoAction()) autoButton = button;

@@ -13,7 +13,7 @@ QImage PictureLoader::Load(const QString& path) {
   if (const auto known = pictures_.constFind(path); known != pictures_.cend()) return *known;
 
   const auto failed = [&](const QString& reason) {
-    errors_ << u"Picture \"" + path + u"\" of menu " + menu_ + u": " + reason;
+    errors_ << u"Picture \"" + path + u"\" of " + owner_ + u": " + reason;
     return pictures_[path] = QImage();
   };
   if (path.isEmpty() || !HostFiles::FileExists(path)) return failed(u"File Not Found"_s);

@@ -9,20 +9,22 @@
 
 namespace torvane {
 
-/// Loads the pictures that a menu names, each once, and gathers what went wrong. A picture that cannot be loaded draws
-/// nothing, and the menu is finished without it.
+/// Loads the pictures that a menu or an audio titleset names, each once, and gathers what went wrong. A picture that cannot
+/// be loaded draws nothing, and the rest is finished without it.
 class PictureLoader {
  public:
-  explicit PictureLoader(const MenuView& menu) : menu_(menu.Name() + u" (" + menu.Key() + u')') {}
+  explicit PictureLoader(const MenuView& menu) : owner_(u"menu " + menu.Name() + u" (" + menu.Key() + u')') {}
+  /// `owner` is told with each error: "audio titleset 3".
+  explicit PictureLoader(QString owner) : owner_(std::move(owner)) {}
 
   /// The picture at a DOS path with Format_ARGB32, its first frame when it has several; null where there is none.
   QImage Load(const QString& path);
 
-  /// One text for each picture that could not be loaded, with its path and the menu.
+  /// One text for each picture that could not be loaded, with its path and owner.
   const QStringList& Errors() const { return errors_; }
 
  private:
-  QString menu_;
+  QString owner_;
   QHash<QString, QImage> pictures_;
   QStringList errors_;
 };

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include "core/audio_title_set.h"
 #include "platform/host_files.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
@@ -102,11 +103,65 @@ TEST_F(PipelineTest, WhatCannotBeAuthoredIsRefusedBeforeAnythingIsTouched) {
   project_.Settings.Engine = 1;
   EXPECT_TRUE(text().contains(u"MuxMan"));
   project_.Settings.Engine = 0;
+  project_.Settings.NeroBurn = true;
+  EXPECT_TRUE(text().contains(u"burnt"));
+  project_.Settings.NeroBurn = false;
+  test::AddNode(project_, u"MM1P"_s, u"MM1PTrans|Transition=1"_s);
+  EXPECT_TRUE(text().contains(u"MainSubMenu1 (MM1) is animated"));
+  project_.Tree.Remove(u"MM1PTrans"_s);
   project_.Settings.NoTitleSets = false;
-  EXPECT_TRUE(text().contains(u"titleset"));
-  project_.Settings.NoTitleSets = true;
-  project_.Tree.SetCaption(u"F2"_s, u"Film2(AudioTitleSet)"_s);
-  EXPECT_TRUE(text().contains(u"Film 2"));
+  EXPECT_TRUE(text().contains(u"Film 1 has no titleset menu"));
+}
+
+TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
+  project_.Settings.NoTitleSets = false;
+  for (int i = 1; i <= 2; ++i) {
+    const QString menu = TitleSetMenuKey(i);
+    AddMenuSubtree(project_, {.kind = MenuKind::TitleSetRoot, .number = i, .key = menu});
+    project_.Tree.SetCaption(menu + u"BGPath", u"Image=C:\\back.png"_s);
+    test::AddTextButton(project_, menu, 0, u"BackButton"_s, u"Back"_s, u"jump vmgm menu;"_s);
+  }
+  const QByteArray sound("\x0B\x77\x00\x00\x1E\x40", 6);
+  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\s.ac3"_s, sound));
+  project_.Tree.Remove(u"F2"_s);
+  project_.FilmCount = 1;
+  const AudioTitle track{u"C:\\s.ac3"_s, u"A"_s, u"B"_s, u"C"_s, u"C:\\back.png"_s, 0};
+  AddAudioTitleSetSubtree(project_, {.Name = u"Songs"_s, .Titles = {track, track}}, u"MM"_s, 2);
+
+  const QStringList mainMenus{u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MM1Brun1.bat"_s,
+                              u"MM1Brun2.bat"_s};
+  const QStringList titlesetMenus{u"TS1Brun1.bat"_s, u"TS1Brun2.bat"_s, u"TS2Brun1.bat"_s, u"TS2Brun2.bat"_s};
+  const QStringList end{u"author.bat"_s, u"EndTvn.bat"_s};
+  const auto batches = [this] {
+    const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run);
+    return plan ? plan->BatchList : QStringList();
+  };
+  EXPECT_EQ(batches(), mainMenus + titlesetMenus + end);
+  EXPECT_EQ(prompter_.boxes, std::vector<Box>());
+  EXPECT_EQ(QImage(HostFiles::ToHost(u"C:\\T\\FPA2#02.png"_s)).size(), QSize(720, 576));
+  EXPECT_FALSE(TempFiles().contains(u"EmptyBackg.jpg"_s));
+
+  project_.Settings.UseIntro = true;
+  project_.Settings.IntroMovie = u"C:\\i.mpg"_s;
+  EXPECT_EQ(batches(), mainMenus + QStringList{u"EBrun1.bat"_s} + titlesetMenus + end);
+  project_.Settings.NoMenus = true;
+  EXPECT_EQ(batches(), QStringList({u"batchrun0.bat"_s, u"EBrun1.bat"_s}) + end);
+
+  project_.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s);
+  EXPECT_TRUE(CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck());
+  EXPECT_EQ(batches(), QStringList());
+  ASSERT_EQ(prompter_.boxes.size(), 1U);
+  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"Film 2 (Songs), track 2: the sound file C:\\no.ac3"));
+}
+
+TEST_F(PipelineTest, APaletteThatCannotBeWrittenIsToldAndTheRestIsWritten) {
+  test::AddNode(project_, u"FP1"_s, u"FPS1|SubColors=1,2"_s);
+  project_.Tree.SetCaption(u"FP1"_s, u"Name=no\\such"_s);
+  ASSERT_TRUE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  ASSERT_EQ(prompter_.boxes.size(), 1U);
+  EXPECT_EQ(prompter_.boxes[0].kind, BoxKind::Warning);
+  EXPECT_TRUE(prompter_.boxes[0].text.endsWith(u"/T/no/such.pal: No such file or directory   2"))
+      << prompter_.boxes[0].text.toStdString();
 }
 
 TEST_F(PipelineTest, TheSyntaxCheckRunsOneBatch) {

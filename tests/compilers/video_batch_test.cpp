@@ -67,11 +67,12 @@ echo.
 "C:\tools\spumux.exe" -w -s2 "C:\T\Spu1Sub2.xml" <"C:\v\b.m2v" > "C:\T\Film2_SUB1.mpg" 
 echo.
 )"));
-  ASSERT_EQ(video.controlFiles.size(), 3U);
-  EXPECT_EQ(video.controlFiles[0].path, u"C:\\T\\Film1.pal"_s);
-  EXPECT_EQ(video.controlFiles[0].content, "108080\r\nFFFF00\r\n000000\r\n563412\r\n");
-  EXPECT_EQ(video.controlFiles[1].path, u"C:\\T\\Spu1Sub1.xml"_s);
-  EXPECT_EQ(video.controlFiles[1].content, WithCrLf(R"(<subpictures>
+  ASSERT_EQ(video.palettes.size(), 1U);
+  EXPECT_EQ(video.palettes[0].path, u"C:\\T\\Film1.pal"_s);
+  EXPECT_EQ(video.palettes[0].content, "108080\r\nFFFF00\r\n000000\r\n563412\r\n");
+  ASSERT_EQ(video.controlFiles.size(), 2U);
+  EXPECT_EQ(video.controlFiles[0].path, u"C:\\T\\Spu1Sub1.xml"_s);
+  EXPECT_EQ(video.controlFiles[0].content, WithCrLf(R"(<subpictures>
    <stream>
      <textsub filename="C:\v\a.srt"
         characterset="UTF-8"
@@ -91,7 +92,7 @@ echo.
    </stream>
 </subpictures>
 )"));
-  EXPECT_EQ(video.controlFiles[2].path, u"C:\\T\\Spu1Sub2.xml"_s);
+  EXPECT_EQ(video.controlFiles[1].path, u"C:\\T\\Spu1Sub2.xml"_s);
 }
 
 TEST_F(VideoBatchTest, ShrinkFactorRoundsHalvesUp) {

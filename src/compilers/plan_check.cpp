@@ -1,0 +1,140 @@
+#include "compilers/plan_check.h"
+
+#include <QSet>
+#include <algorithm>
+
+#include "compilers/audio_titleset.h"
+#include "core/action_strings.h"
+#include "core/film_view.h"
+#include "core/menu_view.h"
+#include "core/text.h"
+#include "media/audio_analysis.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+constexpr int kMostDiscTitles = 99;
+constexpr int kMostPassedTitlesets = 63;       ///< whose jumps fit into the commands of one PGC
+constexpr int kMostButtonsBesidesAuto = 32;    ///< the four directions take the places of buttons
+
+template <class Table>
+void AddUsed(const Table& table, QStringList& keys) {
+  for (const MenuSlot& slot : table) {
+    if (slot.Used) keys << slot.MenuKey;
+  }
+}
+
+void FindTitlesetLimits(const Project& project, QStringList& findings) {
+  const Settings& settings = project.Settings;
+  int titles = settings.UseIntro ? 1 : 0;
+  for (int i = 1; i <= project.FilmCount; ++i) {
+    const bool titleATrack = FilmView(project.Tree, i).IsAudioTitleSet() && !HasOneTitle(project.Tree, i);
+    titles += titleATrack ? AudioTrackCount(project.Tree, i) : 1;
+  }
+  if (titles > kMostDiscTitles) {
+    findings << u"The disc would have %1 titles; it can hold %2. Please give audio titlesets one title with chapters, or "
+                u"take films out."_s.arg(titles)
+                    .arg(kMostDiscTitles);
+  }
+  if (settings.NoTitleSets) return;
+  if (settings.NoMenus && settings.Engine == kEngineDvdauthor && project.FilmCount > kMostPassedTitlesets) {
+    findings << u"A disc without menus can hold %1 titlesets with dvdauthor; this one would have %2. Please switch "
+                u"titlesets off or take films out."_s.arg(kMostPassedTitlesets)
+                    .arg(project.FilmCount);
+  }
+}
+
+void FindMissingMenus(const Project& project, QStringList& findings) {
+  for (const QString& key : DiscMenuKeys(project)) {
+    if (project.Tree.Contains(key)) continue;
+    findings << (IsTitleSetMenu(key)
+                     ? u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
+                           .arg(key.sliced(2))
+                     : u"There is no menu %1, to which another menu leads."_s.arg(key));
+  }
+}
+
+void FindTooManyButtons(const Project& project, QStringList& findings) {
+  if (project.Settings.Engine != kEngineDvdauthor) return;
+  for (const QString& key : DiscMenuKeys(project)) {
+    const MenuView menu(project.Tree, key);
+    const std::vector<ButtonView> buttons = menu.Buttons();
+    const auto written = std::ranges::count_if(buttons, &ButtonView::IsWritten);
+    if (!menu.AutoActionButton() || written <= kMostButtonsBesidesAuto) continue;
+    findings << u"Menu %1 (%2) has a button that acts at once and %3 buttons in all; beside such a button dvdauthor allows "
+                u"%4. Please take some out."_s.arg(menu.Name(), key)
+                    .arg(written)
+                    .arg(kMostButtonsBesidesAuto);
+  }
+}
+
+void FindAudioFaults(const Project& project, int film, SoundFiles sound, QStringList& findings) {
+  const Settings& settings = project.Settings;
+  const AudioTitleStore store = ReadAudioTitleSet(project.Tree, film);
+  const QString head = u"Film %1 (%2)"_s.arg(film).arg(store.Name);
+  if (settings.NoTitleSets) {
+    findings << head + u" is an audio titleset, which needs a titleset of its own. Please switch titlesets on.";
+  }
+  if (store.Titles.empty() || int(store.Titles.size()) != AudioTrackCount(project.Tree, film)) {
+    findings << head + u": the number of its tracks (%1) is not that of the titles it holds (%2)."_s
+                           .arg(AudioTrackCount(project.Tree, film))
+                           .arg(store.Titles.size());
+  }
+  if (sound == SoundFiles::Ignored) return;
+  QSet<QString> kinds;
+  for (std::size_t i = 0; i < store.Titles.size(); ++i) {
+    const QString& file = store.Titles[i].File;
+    const QString track = head + u", track %1: "_s.arg(i + 1);
+    AudioInfo info;
+    if (!AnalyseAudioFile(file, info)) {
+      findings << track + u"the sound file %1 is missing or cannot be read. Please choose another one."_s.arg(file);
+    } else if (settings.Engine == kEngineMuxMan && info.AudioSeconds == 0) {
+      findings << track + u"the playing time of %1 is not known, so MuxMan cannot place it."_s.arg(file);
+    }
+    const QString extension = GetExtensionUpper(file);
+    kinds.insert(extension == u"AC3" || extension == u"WAV" || extension == u"DTS" ? extension : u"MPEG"_s);
+  }
+  if (kinds.size() > 1) findings << head + u": all sound files of an audio titleset must be of one kind.";
+}
+
+}  // namespace
+
+QStringList MainMenuKeys(const Project& project) {
+  QStringList keys{MainMenuKey()};
+  AddUsed(project.MainSubMenuTable, keys);
+  return keys;
+}
+
+QStringList TitlesetMenuKeys(const Project& project) {
+  QStringList keys;
+  for (int i = 1; i <= project.FilmCount; ++i) keys << TitleSetMenuKey(i);
+  AddUsed(project.SubMenuTable, keys);
+  return keys;
+}
+
+QStringList DiscMenuKeys(const Project& project) {
+  if (project.Settings.NoMenus) return {};
+  return project.Settings.NoTitleSets ? MainMenuKeys(project) : MainMenuKeys(project) + TitlesetMenuKeys(project);
+}
+
+QStringList PlanFindings(const Project& project, SoundFiles sound) {
+  QStringList findings;
+  FindTitlesetLimits(project, findings);
+  FindMissingMenus(project, findings);
+  FindTooManyButtons(project, findings);
+  for (int i = 1; i <= project.FilmCount; ++i) {
+    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindAudioFaults(project, i, sound, findings);
+  }
+  return findings;
+}
+
+bool CheckPlan(const Project& project, Prompter& prompter, SoundFiles sound) {
+  const QStringList findings = PlanFindings(project, sound);
+  if (findings.isEmpty()) return true;
+  prompter.Fail(findings.join(u"\r\n"));
+  return false;
+}
+
+}  // namespace torvane

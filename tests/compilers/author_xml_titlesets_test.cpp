@@ -1,0 +1,465 @@
+#include <gtest/gtest.h>
+
+#include "compilers/author_xml.h"
+#include "designer/edit_elements.h"
+#include "designer/edit_films.h"
+#include "designer/edit_menus.h"
+#include "designer/element_nodes.h"
+#include "support/edit_bench.h"
+#include "support/text_lines.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+using test::AddNode;
+using test::LinesWith;
+using test::WithCrLf;
+
+class AuthorXmlTitlesetsTest : public testing::Test, public test::EditBench {
+ protected:
+  AuthorXmlTitlesetsTest() : EditBench(test::TitleSetSettings()) { project.Settings.PostGoMain = true; }
+
+  void AddFilms(int count) {
+    for (int i = 0; i < count; ++i) {
+      const int film = project.FilmCount + 1;
+      ASSERT_TRUE(AddFilm(context, {.Name = u"Film%1"_s.arg(film), .VideoFile = u"C:\\v\\%1.m2v"_s.arg(film)},
+                          {.position = QPoint(film % 6 * 100, film / 6 * 40)}));
+    }
+  }
+
+  void AddTracks(int count) {
+    AudioTitleStore store{.Name = u"Songs"_s, .Titles = {}};
+    for (int i = 1; i <= count; ++i) store.Titles.push_back({u"C:\\v\\%1.ac3"_s.arg(i), u"Artist"_s, u"Album"_s, u"Song"_s, {}, 0});
+    ASSERT_TRUE(AddAudioTitleSet(context, store, {}));
+  }
+
+  QByteArray Text(AuthorMode mode = AuthorMode::Run) const { return WriteAuthorXmlTitlesets(project, mode); }
+
+  /// The file from the first line that holds `from` on, up to the first that holds `to` behind it.
+  QByteArray Part(const QByteArray& from, const QByteArray& to) const {
+    const QByteArray text = Text();
+    const qsizetype start = text.lastIndexOf('\n', text.indexOf(from)) + 1;
+    return text.mid(start, text.indexOf('\n', text.indexOf(to, start)) + 1 - start);
+  }
+};
+
+TEST_F(AuthorXmlTitlesetsTest, TwoFilmsWithASubmenu) {
+  AddFilms(2);
+  ASSERT_TRUE(AddMenu(context, {}, {}));
+  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
+<dvdauthor dest="C:\O\DVD">
+<vmgm>
+    <menus>
+    <video format="pal"></video>
+      <pgc entry="title">
+      <pre> { if (g1 eq 0) g1=1; button=g1*1024; } </pre>
+        <vob file="C:\T\MMMenu.mpg" pause="inf"/>
+        <button name="MMB1">jump titleset 1 menu;</button>
+        <button name="MMB2">jump titleset 2 menu;</button>
+        <button name="MMB3">jump menu 2;</button>
+      </pgc>
+      <pgc>
+        <pre> { g1=1; button=1024; } </pre>
+        <vob file="C:\T\MM1Menu.mpg" pause="inf"/>
+        <button name="MM1B0">jump menu 1;</button>
+      </pgc>
+    </menus>
+</vmgm>
+<titleset>
+    <menus>
+    <video format="pal"></video>
+      <pgc entry="root">
+        <pre> { if (g1 gt 0) jump title 1 chapter 1;
+                jump vmgm menu;} </pre>
+        <vob file="C:\T\TS1Menu.mpg" pause="inf"/>
+        <button name="TS1B0">jump vmgm menu;</button>
+      </pgc>
+    </menus>
+    <titles>
+      <pgc>
+       <pre> { g1=0; } </pre>
+        <vob file="C:\T\Film1.mpg" chapters="00:00:00.000"/>
+        <post>call vmgm menu 1;</post>
+      </pgc>
+    </titles>
+  </titleset>
+<titleset>
+    <menus>
+    <video format="pal"></video>
+      <pgc entry="root">
+        <pre> { if (g1 gt 0) jump title 1 chapter 1;
+                jump vmgm menu;} </pre>
+        <vob file="C:\T\TS2Menu.mpg" pause="inf"/>
+        <button name="TS2B0">jump vmgm menu;</button>
+      </pgc>
+    </menus>
+    <titles>
+      <pgc>
+       <pre> { g1=0; } </pre>
+        <vob file="C:\T\Film2.mpg" chapters="00:00:00.000"/>
+        <post>call vmgm menu 1;</post>
+      </pgc>
+    </titles>
+  </titleset>
+</dvdauthor>
+)"));
+}
+
+TEST_F(AuthorXmlTitlesetsTest, EveryOptionAtOnce) {
+  Settings& settings = project.Settings;
+  settings.VideoNormPal = settings.PostGoMain = false;
+  settings.CommentXML = settings.LoopSyntax = settings.UseIntro = true;
+  settings.IntroMovie = u"C:\\v\\intro.m2v"_s;
+  AddFilms(2);
+  ASSERT_TRUE(AddMenu(context, {}, {}));
+  ASSERT_TRUE(AddPlayAllButton(context, {.position = QPoint(300, 300)}));
+  ASSERT_TRUE(AddMenu(context, {.type = u"Audio"_s}, {.menu = u"TS1"_s}));
+  project.Tree.SetCaption(u"TS1"_s, u"Menü <1>"_s);
+  for (const QString& menu : {u"MM"_s, u"TS1"_s}) AddNode(project, menu + u"BG", menu + u"BGLoop|Loop=1");
+  AddNode(project, u"TS1BG"_s, u"TS1BG16:9|16:9=1"_s);
+  AddNode(project, u"FP1"_s, u"FP1S1|SubTitel1=C:\\v\\a.srt"_s);
+  AddNode(project, u"FP1"_s, u"FP1SF1|SubFormatStr1=x|1"_s);
+  AddNode(project, u"FP1"_s, u"FPS1|SubColors=1,2"_s);
+  AddNode(project, u"FP1"_s, u"FPLang1|LanguageTags=de,  ,en,fr"_s);
+  AddNode(project, u"FP2"_s, u"FPLang2|LanguageTags=it"_s);
+  AddNode(project, u"FP2"_s, u"FPPreAct2|Pre Action=g5=2;"_s);
+  AddNode(project, u"FP2"_s, u"FPPostAct2|Post Action=g6=1;\r\ncall vmgm menu;"_s);
+  AddNode(project, u"TS2BG"_s, u"TS2BGPreAction|PreAction=g1=1;\r\nbutton=1024;"_s);
+  AddNode(project, u"TS2BG"_s, u"TS2BGPostAction|PostAction=jump title 1;"_s);
+  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
+<dvdauthor dest="C:\O\DVD">
+<vmgm>
+      <!-- First Play action (Intro) --> 
+    <fpc> jump titleset 3 menu; </fpc>
+    <menus>
+      <!-- vmgm menu 1 (MainMenu) --> 
+    <video format="ntsc"></video>
+      <pgc entry="title">
+      <pre> { g0=0; g3=1;if (g1 eq 0) g1=1; button=g1*1024; } </pre>
+        <vob file="C:\T\MMMenu.mpg" pause="0"/>
+        <button name="MMB1">g3=1;jump titleset 1 menu;</button>
+        <button name="MMB2">g3=1;jump titleset 2 menu;</button>
+        <button name="MMB3">g1=1;jump menu 2;</button>
+        <button name="MMB4">g0=1;g1=1;jump titleset 1 menu;</button>
+        <post>g1=s8/1024; jump menu 1;</post>
+      </pgc>
+      <!-- vmgm menu 2 (MainSubMenu1) --> 
+      <pgc>
+        <pre> { g0=0; g3=1; if (g1 eq 0) g1=1; button=g1*1024; } </pre>
+        <vob file="C:\T\MM1Menu.mpg" pause="inf"/>
+        <button name="MM1B0">g1=1;jump menu 1;</button>
+      </pgc>
+      <pgc pause="0">
+       <pre> {
+       if (g2 eq 1) jump titleset 1 menu;
+       if (g2 eq 2) jump titleset 2 menu;}
+       </pre>
+      </pgc>
+    </menus>
+</vmgm>
+<titleset>
+    <menus>
+      <!-- titleset 1 menu 1 (Menü <1>) --> 
+    <video format="ntsc"></video>
+      <subpicture>
+        <stream id="0" mode="widescreen" />
+        <stream id="1" mode="letterbox" />
+      </subpicture>
+      <pgc entry="root">
+        <pre> { subtitle=64; if (g3 eq 0) g3=1;button=g3*1024; } </pre>
+        <vob file="C:\T\TS1MenuL.mpg" pause="0"/>
+        <button name="TS1B1">g1=1;jump menu 2;</button>
+        <button name="TS1B0">g1=1; g3=1;jump vmgm menu;</button>
+        <post>g3=s8/1024; jump menu 1;</post>
+      </pgc>
+      <!-- titleset 1 menu 2 (TS1SubMenu1) --> 
+      <pgc entry="Audio">
+        <pre> { g3=1; if (g1 eq 0) g1=1; button=g1*1024; } </pre>
+        <vob file="C:\T\SM1MenuL.mpg" pause="inf"/>
+        <button name="SM1B0">g1=1;jump titleset 1 menu;</button>
+      </pgc>
+    </menus>
+    <titles>
+      <audio lang="de" />
+      <audio lang="en" />
+      <subpicture lang="fr" />
+      <pgc palette="C:\T\Film1.pal">
+       <pre> { g1=0; } </pre>
+        <vob file="C:\T\Film1_SUB1.mpg" chapters="00:00:00.000"/>
+        <post> { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 3;} else call menu; } </post>
+      </pgc>
+    </titles>
+  </titleset>
+<titleset>
+    <menus>
+      <!-- titleset 2 menu 1 (TitleSet2Menu) --> 
+    <video format="ntsc"></video>
+      <pgc entry="root">
+        <pre>
+            g1=1;
+            button=1024;
+        </pre>
+        <vob file="C:\T\TS2Menu.mpg" pause="inf"/>
+        <button name="TS2B0">g1=1; g3=1;jump vmgm menu;</button>
+        <post>jump title 1;</post>
+      </pgc>
+    </menus>
+    <titles>
+      <audio lang="it" />
+      <pgc>
+      <pre>
+            g5=2;
+      </pre>
+        <vob file="C:\T\Film2.mpg" chapters="00:00:00.000"/>
+        <post>
+              g6=1;
+              call vmgm menu;
+        </post>
+      </pgc>
+    </titles>
+  </titleset>
+<titleset>
+    <menus>
+      <!-- Titleset for First Play action (Intro) --> 
+      <pgc entry="root">
+        <pre>  jump title 1 chapter 1; </pre>
+        <vob file="C:\T\EmptyBackg.mpg" />
+      </pgc>
+    </menus>
+    <titles>
+      <pgc>
+        <vob file="C:\T\intro.mpg" chapters="00:00:00.00"/>
+        <post>call vmgm menu;</post>
+      </pgc>
+    </titles>
+  </titleset>
+</dvdauthor>
+)"));
+}
+
+TEST_F(AuthorXmlTitlesetsTest, WithoutMenusEachMenuPassesOn) {
+  AddFilms(1);
+  AddTracks(2);
+  project.Settings.NoMenus = project.Settings.GoNextTitle = true;
+  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
+<dvdauthor dest="C:\O\DVD">
+<vmgm>
+    <menus>
+    <video format="pal"></video>
+      <pgc entry="title" pause="0">
+       <pre> {
+       if (g2 eq 1) jump titleset 1 menu;
+       if (g2 eq 2) jump titleset 2 menu;
+             jump titleset 1 menu; }
+       </pre>
+        <vob file="C:\T\EmptyBackg.mpg" pause="0"/>
+      </pgc>
+    </menus>
+</vmgm>
+<titleset>
+    <menus>
+    <video format="pal"></video>
+      <pgc entry="root" pause="0">
+        <pre> {  jump title 1 chapter 1; } </pre>
+        <vob file="C:\T\EmptyBackg.mpg" pause="0"/>
+      </pgc>
+    </menus>
+    <titles>
+      <pgc>
+       <pre> { g1=0; } </pre>
+        <vob file="C:\T\Film1.mpg" chapters="00:00:00.000"/>
+        <post>{ g1=1;g2=2;call vmgm menu 1;}</post>
+      </pgc>
+    </titles>
+  </titleset>
+<titleset>
+    <menus>
+    <video format="pal"></video>
+      <pgc entry="root" pause="0">
+        <pre> {  jump title 1 chapter 1; } </pre>
+        <vob file="C:\T\EmptyBackg.mpg" pause="0"/>
+      </pgc>
+    </menus>
+    <titles>
+      <pgc>
+       <pre> { g1=0; } </pre>
+        <vob file="C:\T\TempAudioMpg\FPA2#01.mpg" chapters="00:00:00.00"/>
+        <post>jump title 2;</post>
+      </pgc>
+      <pgc>
+       <pre> { g1=0; } </pre>
+        <vob file="C:\T\TempAudioMpg\FPA2#02.mpg" chapters="00:00:00.00"/>
+        <post>exit;</post>
+      </pgc>
+    </titles>
+  </titleset>
+</dvdauthor>
+)"));
+}
+
+TEST_F(AuthorXmlTitlesetsTest, AnAudioTitlesetOfOneTitleHasAFileForEachTrack) {
+  AddTracks(10);
+  project.Tree.SetTag(u"FPAL1"_s, u"1"_s);
+  AddNode(project, u"FP1"_s, u"FPPreAct1|Pre Action=g5=1;"_s);
+  const QByteArray titles = Part("<titles>", "</titles>");
+  EXPECT_TRUE(titles.startsWith(WithCrLf(R"(    <titles>
+      <pgc>
+      <pre>
+            g5=1;
+      </pre>
+        <vob file="C:\T\TempAudioMpg\FPA1#01.mpg"/>
+        <vob file="C:\T\TempAudioMpg\FPA1#02.mpg"/>
+)"))) << titles.toStdString();
+  EXPECT_TRUE(titles.endsWith(WithCrLf(R"(
+        <vob file="C:\T\TempAudioMpg\FPA1#10.mpg"/>
+        <post>call vmgm menu 1;</post>
+      </pgc>
+    </titles>
+)"))) << titles.toStdString();
+}
+
+TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPreOfARootMenu) {
+  const QByteArray start = "if (g1 gt 0) jump title 1 chapter 1;";
+  enum Shows { OnlyBack, Chapters, AutoButton };
+  struct Case {
+    Shows shows;
+    bool loopSyntax, noShow, playAll;
+    QByteArray lines;
+  };
+  const Case cases[] = {
+      {OnlyBack, true, true, true, "<pre> { " + start + " else g0=0;\r\n                jump vmgm menu;} </pre>\r\n"},
+      {Chapters, false, false, true, "<pre> { button=1024; } </pre>\r\n"},
+      {Chapters, false, true, false, "<pre> { button=1024; " + start + " } </pre>\r\n"},
+      {Chapters, true, false, false, "<pre> { if (g3 eq 0) g3=1;button=g3*1024; } </pre>\r\n"},
+      {Chapters, true, true, true,
+       "<pre> { if (g3 eq 0) g3=1;button=g3*1024; " + start + "  else g0=0;} </pre>\r\n"},
+      {AutoButton, true, false, false, "<pre> { button=2048; } </pre>\r\n"},
+      {AutoButton, false, true, true, "<pre> { button=2048; " + start + "  else g0=0;} </pre>\r\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.lines.toStdString());
+    test::EditBench bench(test::TitleSetSettings());
+    Settings& settings = bench.project.Settings;
+    settings.LoopSyntax = c.loopSyntax;
+    settings.NoShowTitleSetMenu = c.noShow;
+    AddFilm(bench.context, {.Name = u"Film1"_s, .VideoFile = u"C:\\v\\1.m2v"_s}, {});
+    if (c.playAll) AddPlayAllButton(bench.context, {.position = QPoint(300, 300)});
+    if (c.shows != OnlyBack) AddChapterButton(bench.context, 1, {.menu = u"TS1"_s});
+    if (c.shows == AutoButton) SetAutoAction(bench.project, u"TS1"_s, kBackButton, AutoActions{u"a;"_s, u"b;"_s, u"c;"_s, u"d;"_s});
+    const QByteArray text = WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run);
+    const qsizetype at = text.indexOf("<pre>", text.indexOf("entry=\"root\""));
+    EXPECT_EQ(text.mid(at, c.lines.size()), c.lines);
+  }
+}
+
+TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPostOfATitle) {
+  struct Case {
+    bool goNext, playAll, postGoMain, onlyBack;
+    QByteArray first, last;
+  };
+  const Case cases[] = {
+      {false, false, true, false, "call vmgm menu 1;", "call vmgm menu 1;"},
+      {false, false, false, true, "call vmgm menu 1;", "call vmgm menu 1;"},
+      {false, false, false, false, "call menu;", "call vmgm menu 1;"},
+      {true, false, false, false, "{ g1=1;g2=2;call vmgm menu 2;}", "call vmgm menu;"},
+      {false, true, true, false, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call vmgm menu 1; } ", "call vmgm menu;"},
+      {true, true, false, true, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call vmgm menu 1; } ", "call vmgm menu;"},
+      {false, true, false, false, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call menu; } ", "call vmgm menu;"},
+  };
+  for (const Case& c : cases) {
+    test::EditBench bench(test::TitleSetSettings());
+    Settings& settings = bench.project.Settings;
+    settings.GoNextTitle = c.goNext;
+    settings.PostGoMain = c.postGoMain;
+    for (int film = 1; film <= 2; ++film) AddFilm(bench.context, {.Name = u"Film"_s, .VideoFile = u"C:\\v\\1.m2v"_s}, {});
+    if (c.playAll) AddPlayAllButton(bench.context, {.position = QPoint(300, 300)});
+    if (!c.onlyBack) AddChapterButton(bench.context, 1, {.menu = u"TS1"_s});
+    EXPECT_EQ(LinesWith(WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run), "<post>"),
+              (QList<QByteArray>{"<post>" + c.first + "</post>", "<post>" + c.last + "</post>"}));
+  }
+}
+
+/// What the jump PGCs hold, one text a PGC: the tests in front, the first and the last titleset.
+QList<QByteArray> JumpPgcs(const QByteArray& text) {
+  QList<QByteArray> pgcs;
+  for (qsizetype at = text.indexOf("<pgc pause=\"0\">"); at >= 0; at = text.indexOf("<pgc pause=\"0\">", at + 1)) {
+    QList<QByteArray> lines = text.mid(at, text.indexOf("</pgc>", at) - at).split('\n');
+    lines = lines.sliced(2, lines.size() - 4);
+    QByteArray pgc;
+    int next = 0;
+    for (const QByteArray& line : lines) {
+      const QByteArray command = line.trimmed();
+      if (command.startsWith("if (g2 gt")) {
+        pgc += command.sliced(7, 5) + " menu " + command.sliced(command.lastIndexOf(' ') + 1);
+        continue;
+      }
+      const bool closes = &line == &lines.back();
+      const int k = command.split(' ')[3].chopped(1).toInt();
+      if (next == 0) pgc += ' ' + QByteArray::number(k);
+      const QByteArray number = QByteArray::number(k);
+      EXPECT_TRUE(next == 0 || k == next) << command.toStdString();
+      EXPECT_EQ(command, "if (g2 eq " + number + ") jump titleset " + number + " menu;" + (closes ? "}" : ""));
+      next = k + 1;
+    }
+    pgcs << pgc + '-' + QByteArray::number(next - 1);
+  }
+  return pgcs;
+}
+
+TEST_F(AuthorXmlTitlesetsTest, AChainOfManyTitlesetsIsSplitIntoSeveralPgcs) {
+  project.Settings.GoNextTitle = true;
+  const QByteArray to24 = "gt 24 menu 3;";
+  const QByteArray to49 = "gt 49 menu 4;";
+  const QByteArray to74 = "gt 74 menu 5;";
+  const std::pair<int, QList<QByteArray>> cases[] = {
+      {1, {" 1-1"}},
+      {25, {" 1-25"}},
+      {26, {to24 + " 1-24", " 25-26"}},
+      {50, {to24 + " 1-24", " 25-50"}},
+      {51, {to49 + to24 + " 1-24", " 25-49", " 50-51"}},
+      {75, {to49 + to24 + " 1-24", " 25-49", " 50-75"}},
+      {76, {to74 + to49 + to24 + " 1-24", " 25-49", " 50-74", " 75-76"}},
+      {98, {to74 + to49 + to24 + " 1-24", " 25-49", " 50-74", " 75-98"}},
+  };
+  for (const auto& [films, pgcs] : cases) {
+    for (int film = project.FilmCount + 1; film <= films; ++film) test::AddFilm(project, film, u"MM"_s, u"C:\\a.m2v"_s);
+    EXPECT_EQ(JumpPgcs(Text()), pgcs) << films;
+  }
+}
+
+TEST_F(AuthorXmlTitlesetsTest, TheSyntaxCheckNamesTestFilesInTheRootMenus) {
+  AddFilms(1);
+  project.Settings.UseIntro = true;
+  project.Settings.IntroMovie = u"C:\\v\\intro.mpg"_s;
+  ASSERT_TRUE(AddMenu(context, {}, {.menu = u"TS1"_s}));
+  EXPECT_EQ(LinesWith(Text(AuthorMode::SyntaxCheck), ".mpg"),
+            (QList<QByteArray>{"<vob file=\"C:\\T\\MMtest.mpg\" pause=\"inf\"/>",
+                               "<vob file=\"C:\\T\\TS1test.mpg\" pause=\"inf\"/>",
+                               "<vob file=\"C:\\T\\SM1Menu.mpg\" pause=\"inf\"/>",
+                               "<vob file=\"C:\\T\\Film1.mpg\" chapters=\"00:00:00.000\"/>",
+                               "<vob file=\"C:\\T\\Emptytest.mpg\" />",
+                               "<vob file=\"C:\\v\\intro.mpg\" chapters=\"00:00:00.00\"/>"}));
+}
+
+TEST_F(AuthorXmlTitlesetsTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {
+  AddFilms(1);
+  AddNode(project, u"MMBG"_s, u"MMBGPreAction|PreAction=g1=1;\r\nbutton=1024;"_s);
+  AddNode(project, u"MMBG"_s, u"MMBGPostAction|PostAction=jump titleset 1 menu;"_s);
+  EXPECT_EQ(Part("entry=\"title\"", "</pgc>"), WithCrLf(R"(      <pgc entry="title">
+       <pre>
+            g1=1;
+            button=1024;
+       </pre>
+        <vob file="C:\T\MMMenu.mpg" pause="inf"/>
+        <button name="MMB1">jump titleset 1 menu;</button>
+        <post>
+            jump titleset 1 menu;
+        </post>
+      </pgc>
+)"));
+}
+
+}  // namespace
+}  // namespace torvane
