@@ -1,8 +1,7 @@
 #include "shell/control_file.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QStringDecoder>
+#include <algorithm>
 
 #include "platform/dos_code_page.h"
 #include "platform/host_files.h"
@@ -25,15 +24,6 @@ QString Decode(const QByteArray& bytes) {
 void MapAttribute(LooseAttribute& attribute, const PathMapper& map) {
   const QString path = PathOfValue(attribute.value);
   if (!path.isEmpty()) attribute.value = EncodeValue(map(path));
-}
-
-void MapFont(LooseAttribute& attribute, const PathMapper& map) {
-  if (HostFiles::HasDrive(attribute.value)) {
-    MapAttribute(attribute, map);
-  } else if (attribute.value.endsWith(u".ttf", Qt::CaseInsensitive) &&
-             !QFileInfo::exists(QDir::homePath() + u"/.spumux/"_s + attribute.value)) {
-    attribute.value.chop(4);
-  }
 }
 
 }  // namespace
@@ -108,13 +98,27 @@ void ControlFile::MapAuthorPaths(const PathMapper& map) {
   }
 }
 
-void ControlFile::MapSpumuxPaths(const PathMapper& map) {
+void ControlFile::MapSpumuxPaths(const PathMapper& map, const PathMapper& font) {
   for (LoosePiece& piece : pieces_) {
     for (LooseAttribute& attribute : piece.attributes) {
       const bool picture = piece.name == u"spu" && (attribute.name == u"image" || attribute.name == u"highlight" ||
                                                     attribute.name == u"select");
       if (picture || (piece.name == u"textsub" && attribute.name == u"filename")) MapAttribute(attribute, map);
-      if (piece.name == u"textsub" && attribute.name == u"font") MapFont(attribute, map);
+      if (piece.name == u"textsub" && attribute.name == u"font") {
+        attribute.value = EncodeValue(font(PathOfValue(attribute.value)));
+      }
+    }
+  }
+}
+
+void ControlFile::SetTextColors(const QString& outline, const QString& fill) {
+  for (LoosePiece& piece : pieces_) {
+    if (!IsTag(piece, u"textsub"_s)) continue;
+    for (const auto& [name, color] : {std::pair(u"outline-color"_s, outline), std::pair(u"fill-color"_s, fill)}) {
+      const bool stated =
+          std::any_of(piece.attributes.cbegin(), piece.attributes.cend(),
+                      [&name = name](const LooseAttribute& attribute) { return attribute.name == name; });
+      if (!stated) piece.attributes << LooseAttribute{u" "_s, name, color};
     }
   }
 }

@@ -36,10 +36,12 @@ class ControlFile {
   /// Maps what dvdauthor opens: `dest`, the file of a `vob`, a `palette`.
   void MapAuthorPaths(const PathMapper& map);
 
-  /// Maps what spumux opens: `image`, `highlight` and `select` pictures of a `spu`, and of a `textsub` its
-  /// `filename` and, when it has a drive, its `font`. A font named by a file that the user has not laid in "~/.spumux",
-  /// such as "arial.ttf", becomes the name that the font service of this machine knows, "arial".
-  void MapSpumuxPaths(const PathMapper& map);
+  /// Maps what spumux opens: `image`, `highlight` and `select` pictures of a `spu`, and of a `textsub` its `filename`;
+  /// its `font` goes through `font`.
+  void MapSpumuxPaths(const PathMapper& map, const PathMapper& font);
+
+  /// Gives each `textsub` that does not state them these colours, in the notation of spumux ("#FF8080").
+  void SetTextColors(const QString& outline, const QString& fill);
 
  private:
   QList<LoosePiece> pieces_;

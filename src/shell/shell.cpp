@@ -320,7 +320,7 @@ Result<ToolCommand> Shell::MakeStage(const QString& commandText, const Redirecte
       return errorLevel_;
     };
   } else {
-    Result<ToolCommand> made = MakeToolCommand(words, opened.input, KindOfRun(), folder);
+    Result<ToolCommand> made = MakeToolCommand(words, {opened.input, opened.created.value(0)}, KindOfRun(), folder);
     if (!made) return made;
     tool = *made;
     for (auto change = variables_.Changes().cbegin(); change != variables_.Changes().cend(); ++change) {

@@ -5,10 +5,14 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <algorithm>
 
+#include "media/palette.h"
+#include "media/palette_file.h"
 #include "platform/host_files.h"
 #include "shell/control_file.h"
 #include "shell/current_directory.h"
+#include "shell/font_name.h"
 #include "shell/syntax_check.h"
 #include "shell/video_norm.h"
 
@@ -42,8 +46,8 @@ bool IsWindowsProgram(const QString& hostPath) {
 
 class CommandMaker {
  public:
-  CommandMaker(const QList<CommandWord>& words, const QString& input, RunKind kind, PrivateFolder& folder)
-      : words_(words), input_(input), kind_(kind), folder_(folder) {}
+  CommandMaker(const QList<CommandWord>& words, const RedirectedFiles& files, RunKind kind, PrivateFolder& folder)
+      : words_(words), files_(files), kind_(kind), folder_(folder) {}
 
   Result<ToolCommand> Run() {
     const QString named = words_.first().text;
@@ -171,7 +175,7 @@ class CommandMaker {
       }
       if (format.isEmpty() && kind_ == RunKind::SyntaxCheck) format = u"PAL"_s;
     } else if (format.isEmpty()) {
-      format = VideoNormOf(input_);
+      format = VideoNormOf(files_.input);
     }
     if (!format.isEmpty()) command_.stage.environment[u"VIDEO_FORMAT"_s] = format;
 
@@ -179,7 +183,8 @@ class CommandMaker {
     if (tool_->controlFile == ToolEntry::ControlFile::Spumux) {
       command_.addsSubpictures = true;
       command_.stage.watched = true;
-      file.MapSpumuxPaths(map);
+      file.MapSpumuxPaths(map, NativeFontName);
+      if (const Status colored = UsePaletteColors(file); !colored) return colored;
     } else {
       if (kind_ == RunKind::SyntaxCheck) {
         if (Status reduced = ReduceToCheck(file, format, *folder); !reduced) return reduced;
@@ -187,6 +192,26 @@ class CommandMaker {
       file.MapAuthorPaths(map);
     }
     return WriteCopy(*folder, file.ToBytes());
+  }
+
+  Status UsePaletteColors(ControlFile& file) const {
+    static const QRegularExpression kStream(u"_SUB[1-3]\\.mpg$"_s, QRegularExpression::CaseInsensitiveOption);
+    const bool asked = std::any_of(words_.cbegin(), words_.cend(),
+                                   [](const CommandWord& word) { return !word.quoted && word.text == u"-ma"; });
+    const QString path = QString(files_.output).replace(kStream, u".pal"_s);
+    if (!asked || wine_ || !path.endsWith(u".pal") || !QFileInfo::exists(path)) return {};
+    const QString dosPath = HostFiles::ToDos(path);
+    const Result<QString> palette = ReadPaletteFile(dosPath);
+    if (!palette) return Failure{u"%1: no palette of 16 colours"_s.arg(path)};
+    const QList<int> colors = PaletteColors(*palette);
+    const auto text = [&colors](int index) -> QString {
+      const int rgb = PaletteToRgb(colors[index]);
+      return u"#%1%2%3"_s.arg(rgb & 255, 2, 16, QChar(u'0'))
+          .arg(rgb >> 8 & 255, 2, 16, QChar(u'0'))
+          .arg(rgb >> 16 & 255, 2, 16, QChar(u'0'));
+    };
+    file.SetTextColors(text(1), text(2));
+    return {};
   }
 
   /// A command that cannot be parsed is told by itself; without one the whole is checked as far as it goes without
@@ -213,7 +238,7 @@ class CommandMaker {
   }
 
   const QList<CommandWord>& words_;
-  const QString& input_;
+  const RedirectedFiles& files_;
   RunKind kind_;
   PrivateFolder& folder_;
   const ToolEntry* tool_ = nullptr;
@@ -233,9 +258,9 @@ Result<QString> PrivateFolder::Path() {
   return folder_->path();
 }
 
-Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const QString& inputHostPath, RunKind kind,
+Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const RedirectedFiles& files, RunKind kind,
                                     PrivateFolder& folder) {
-  return CommandMaker(words, inputHostPath, kind, folder).Run();
+  return CommandMaker(words, files, kind, folder).Run();
 }
 
 }  // namespace torvane

@@ -24,6 +24,12 @@ class PrivateFolder {
   std::unique_ptr<QTemporaryDir> folder_;
 };
 
+/// Host paths of the files behind "<" and ">" of a command, "" for none.
+struct RedirectedFiles {
+  QString input;
+  QString output;
+};
+
 enum class RunKind { Real, SyntaxCheck };
 
 /// What a command line of an outside program comes to on this machine.
@@ -43,9 +49,13 @@ struct ToolCommand {
 /// control file is copied into `folder` with its paths mapped; with SyntaxCheck dvdauthor gets stand-ins for its films.
 /// A program that is not in the table must be an executable file of this machine.
 ///
-/// `inputHostPath` is the file that the command reads on its input, "" for none. Fails with a text for a line of the
+/// The option -ma, by which text subtitles shall take their colours from the palette of the title, gives spumux the
+/// second colour of that palette for the outlines and the third for the letters. The palette is the ".pal" file that
+/// has the name of the output less its "_SUB1".
+///
+/// Fails with a text for a line of the
 /// console that begins behind "*ERROR: ".
-Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const QString& inputHostPath, RunKind kind,
+Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const RedirectedFiles& files, RunKind kind,
                                     PrivateFolder& folder);
 
 }  // namespace torvane

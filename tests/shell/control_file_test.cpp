@@ -79,10 +79,10 @@ TEST(ControlFile, MapsThePathsOfBothKindsAndNothingElse) {
   ControlFile spumux(
       "<spu start=\"0\" HIGHLIGHT=\"h\" select=\"s\" image=\"i\" force=\"yes\"><button name=\"b\"/></spu>"
       "<textsub filename=\"C:\\a.srt\" font=\"arial.ttf\" /><textsub font=\"C:\\a.TTF\"/>");
-  spumux.MapSpumuxPaths(map);
+  spumux.MapSpumuxPaths(map, [](const QString& font) -> QString { return u'(' + font + u')'; });
   EXPECT_EQ(spumux.ToBytes(),
             "<spu start=\"0\" highlight=\"{h}\" select=\"{s}\" image=\"{i}\" force=\"yes\"><button name=\"b\"/></spu>"
-            "<textsub filename=\"{C:\\a.srt}\" font=\"arial\" /><textsub font=\"{C:\\a.TTF}\"/>");
+            "<textsub filename=\"{C:\\a.srt}\" font=\"(arial.ttf)\" /><textsub font=\"(C:\\a.TTF)\"/>");
 }
 
 TEST(ControlFile, TakesAValueAsItStandsWhereSuchAFileExists) {
