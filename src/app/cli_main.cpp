@@ -17,6 +17,10 @@ int main(int argc, char** argv) {
   torvane::EnsureUtf8Locale();
   qputenv("QT_QPA_PLATFORM", "offscreen");  // pictures are drawn without a display
   qInstallMessageHandler(PrintQtMessage);
-  const QGuiApplication application(argc, argv);
-  return torvane::RunCli(QGuiApplication::arguments().sliced(1));
+  // Qt takes options that it knows, such as --style, out of the command line, so it gets to see the name alone.
+  int shown = 1;
+  const QGuiApplication application(shown, argv);
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+  return torvane::RunCli(arguments);
 }

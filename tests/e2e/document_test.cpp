@@ -22,6 +22,12 @@ TEST(SampleTest, IsWrittenAsTheProgramWritesIt) {
   EXPECT_EQ(ContentOf(workshop.Dir() + u"/saved.tvn"_s).toStdString(), workshop.project.Text().toStdString());
 }
 
+TEST(CommandLineTest, KeepsOptionsThatQtKnowsToo) {
+  const CliResult added = Workshop().Run(u"add-button"_s, {u"Sea"_s, u"--style"_s, u"bold"_s});
+  EXPECT_EQ(added.exitCode, 1);
+  EXPECT_EQ(added.messages, "error: --style takes graphic, text or combined.\n");
+}
+
 /// The lines of the README that show a call of a program, without the remark behind it.
 QStringList CommandsOf(const QString& text) {
   static const QRegularExpression call(u"^    ((?:cd \\S+ && )?torvane-(?:cli|cmd) .*?)\\s*(?:#.*)?$"_s,
