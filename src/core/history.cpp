@@ -4,40 +4,12 @@
 
 #include "core/project.h"
 #include "core/project_difference.h"
+#include "core/tree_places.h"
 
 namespace torvane {
 namespace {
 
 using Side = ProjectDifference::Side;
-
-/// Adds a node behind a sibling, or as first child of a parent ("" is the root level).
-void AddAt(ProjectTree& tree, const NodeData& data, const QString& parent, const QString& previous) {
-  if (!previous.isEmpty()) {
-    tree.Add(data, previous, Relation::Next);
-    return;
-  }
-  const ProjectNode* first = parent.isEmpty() ? tree.FirstRoot() : tree.Find(parent)->FirstChild();
-  if (first) {
-    tree.Add(data, first->Key(), Relation::Previous);
-  } else if (parent.isEmpty()) {
-    tree.Add(data);
-  } else {
-    tree.Add(data, parent, Relation::Child);
-  }
-}
-
-void MoveTo(ProjectTree& tree, const QString& key, const QString& parent, const QString& previous) {
-  if (!previous.isEmpty()) {
-    tree.Move(key, previous, Relation::Next);
-    return;
-  }
-  const ProjectNode* first = parent.isEmpty() ? tree.FirstRoot() : tree.Find(parent)->FirstChild();
-  if (first) {
-    tree.Move(key, first->Key(), Relation::Previous);
-  } else {
-    tree.Move(key, parent, Relation::Child);
-  }
-}
 
 /// Takes one change back; the tree must be as it was right after it.
 void Reverse(ProjectTree& tree, const TreeChange& change) {
@@ -46,13 +18,13 @@ void Reverse(ProjectTree& tree, const TreeChange& change) {
       tree.Remove(change.key);
       return;
     case TreeChange::Removed:
-      AddAt(tree, change.removed.front(), change.formerParent, change.formerPrevious);
+      AddAt(tree, change.removed.front(), {change.formerParent, change.formerPrevious});
       for (std::size_t i = 1; i < change.removed.size(); ++i) {
         tree.Add(change.removed[i], change.removedParents[i], Relation::Child);
       }
       return;
     case TreeChange::Moved:
-      MoveTo(tree, change.key, change.formerParent, change.formerPrevious);
+      MoveTo(tree, change.key, {change.formerParent, change.formerPrevious});
       return;
     case TreeChange::CaptionSet:
       tree.SetCaption(change.key, change.former);

@@ -11,11 +11,6 @@ constexpr auto kIntroKeys = std::to_array<QStringView>({u"IntroMovie", u"IntroAu
 constexpr auto kDerived = std::to_array<int Settings::*>(
     {&Settings::VideoHeight, &Settings::ActiveRasterX, &Settings::ActiveRasterY});
 
-/// The intro stands in the project's tree, so its settings belong to the project as those with a place in its file.
-bool BelongsToProject(const SettingRow& row) {
-  return row.project.element != 0 || std::ranges::find(kIntroKeys, row.key) != kIntroKeys.end();
-}
-
 template <class Table>
 void CompareTables(Difference::Family family, const Table& before, const Table& after,
                    std::vector<Difference::Slot>& slots) {
@@ -25,6 +20,10 @@ void CompareTables(Difference::Family family, const Table& before, const Table& 
 }
 
 }  // namespace
+
+bool BelongsToProject(const SettingRow& row) {
+  return row.project.element != 0 || std::ranges::find(kIntroKeys, row.key) != kIntroKeys.end();
+}
 
 ProjectSnapshot::ProjectSnapshot(const Project& project)
     : State(project),

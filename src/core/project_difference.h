@@ -9,6 +9,10 @@
 
 namespace torvane {
 
+/// True for a setting that is changed and undone with the project: those with a place in its file, and the intro's,
+/// which stands in its tree.
+bool BelongsToProject(const SettingRow& row);
+
 /// All of a project that an edit can change beside the tree.
 struct ProjectSnapshot {
   explicit ProjectSnapshot(const Project& project);
