@@ -179,6 +179,31 @@ TEST_P(DiscTest, ASecondBuildReplacesTheDiscWithTheSame) {
 INSTANTIATE_TEST_SUITE_P(Sample, DiscTest, testing::Values(Norm::Pal, Norm::Ntsc),
                          [](const auto& which) { return which.param == Norm::Pal ? "Pal" : "Ntsc"; });
 
+TEST(WideTest, TheButtonsOfA16To9MenuWorkInBothForms) {
+  Workshop workshop;
+  workshop.project.SetSetting(u"MRATIO"_s, u"1"_s);
+  const CliResult built = workshop.Run(u"build"_s);
+  ASSERT_EQ(built.exitCode, 0) << built.messages.toStdString() << built.output.toStdString();
+  const std::unique_ptr<DvdPlayer> player = DvdPlayer::Open(workshop.OutDir() + u"/DVD"_s);
+  ASSERT_TRUE(player);
+  ASSERT_EQ(player->Settle().domain, DiscPlace::Domain::VmgmMenu);
+  for (const int group : {0, 1}) {
+    SCOPED_TRACE(group == 0 ? "widescreen" : "letterbox");
+    const QString file = group == 0 ? u"Spu"_s : u"SpuL"_s;
+    ASSERT_GE(player->ButtonGroups(), 2);
+    EXPECT_EQ(Rectangles(player->Buttons(group)), workshop.SpuRectangles(u"MM"_s, file));
+    ASSERT_EQ(player->Press(submenuButton, group).domain, DiscPlace::Domain::VmgmMenu);
+    EXPECT_EQ(Rectangles(player->Buttons(group)), workshop.SpuRectangles(u"MM1"_s, file));
+    ASSERT_EQ(player->Press(backButton, group).domain, DiscPlace::Domain::VmgmMenu);
+    for (int film = 1; film <= workshop.project.FilmCount(); ++film) {
+      ASSERT_EQ(player->Press(film, group), DiscPlace::Chapter(film, 1));
+      player->PlayToEnd();
+      ASSERT_EQ(player->Settle(), DiscPlace::Menu(1));
+      EXPECT_EQ(player->LitButton(), film);
+    }
+  }
+}
+
 TEST(NoMenusTest, TheDiscPlaysTheFilmsInOrderAndStops) {
   Workshop workshop;
   workshop.project.SetSetting(u"NOMENUS"_s, u"1"_s);

@@ -1,8 +1,10 @@
 #include "dvd_player.h"
 
 #include <QFile>
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 
 extern "C" {
 #include <dvdnav/dvdnav.h>
@@ -13,6 +15,9 @@ namespace {
 
 /// Ticks of the presentation clock in one second. ISO/IEC 13818-1, 2.5.2.3.
 constexpr double ticksPerSecond = 90000.0;
+
+/// Bytes that hold the first picture of any film.
+constexpr qsizetype enoughVideo = 500'000;
 
 /// Blocks and events after which a walk is given up: far more than any disc of these tests holds.
 constexpr int walkLimit = 2'000'000;
@@ -44,9 +49,17 @@ Payload PayloadOf(const std::vector<std::uint8_t>& block) {
       return Payload::Video;
     case 0xbd:
       return block[packet + 9 + block[packet + 8]] == 0x80 ? Payload::Sound : Payload::Other;
+    case 0xc0:
+      return Payload::Sound;
     default:
       return Payload::Other;
   }
+}
+
+/// The groups of a menu share the places of its buttons.
+int FirstOfGroup(const pci_t& pci, int group) {
+  constexpr int places = 36;
+  return places / std::max<int>(pci.hli.hl_gi.btngr_ns, 1) * group;
 }
 
 void Collect(void* list, dvdnav_logger_level_t level, const char* format, va_list arguments) {
@@ -155,12 +168,24 @@ DiscPlace DvdPlayer::Settle() {
   return Place();
 }
 
-std::vector<DiscButton> DvdPlayer::Buttons() const {
+std::vector<double> DvdPlayer::ChapterEnds(int title) const {
+  std::uint64_t* ends = nullptr;
+  std::uint64_t duration = 0;
+  const std::uint32_t count = dvdnav_describe_title_chapters(dvd_, title, &ends, &duration);
+  std::vector<double> seconds;
+  for (std::uint32_t i = 0; i < count; ++i) seconds.push_back(double(ends[i]) / ticksPerSecond);
+  std::free(ends);
+  return seconds;
+}
+
+int DvdPlayer::ButtonGroups() const { return dvdnav_get_current_nav_pci(dvd_)->hli.hl_gi.btngr_ns; }
+
+std::vector<DiscButton> DvdPlayer::Buttons(int group) const {
   std::vector<DiscButton> buttons;
   const pci_t* pci = dvdnav_get_current_nav_pci(dvd_);
-  if (pci == nullptr || pci->hli.hl_gi.hli_ss == 0) return buttons;
+  if (pci == nullptr || pci->hli.hl_gi.hli_ss == 0 || group >= pci->hli.hl_gi.btngr_ns) return buttons;
   for (int i = 0; i < pci->hli.hl_gi.btn_ns; ++i) {
-    const btni_t& button = pci->hli.btnit[i];
+    const btni_t& button = pci->hli.btnit[FirstOfGroup(*pci, group) + i];
     buttons.push_back({.left = int(button.x_start),
                        .top = int(button.y_start),
                        .right = int(button.x_end),
@@ -193,8 +218,11 @@ void DvdPlayer::PressDown() {
   dvdnav_lower_button_select(dvd_, dvdnav_get_current_nav_pci(dvd_));
 }
 
-DiscPlace DvdPlayer::Press(int button) {
-  if (dvdnav_button_select_and_activate(dvd_, dvdnav_get_current_nav_pci(dvd_), button) != DVDNAV_STATUS_OK) {
+DiscPlace DvdPlayer::Press(int button, int group) {
+  pci_t* pci = dvdnav_get_current_nav_pci(dvd_);
+  dvdnav_button_select(dvd_, pci, button);
+  vm_cmd_t* command = &pci->hli.btnit[FirstOfGroup(*pci, group) + button - 1].cmd;
+  if (dvdnav_button_activate_cmd(dvd_, button, command) != DVDNAV_STATUS_OK) {
     complaints_.append(QString::fromUtf8(dvdnav_err_to_string(dvd_)));
     return Place();
   }
@@ -217,7 +245,6 @@ DiscPlace DvdPlayer::GoTo(int title, int chapter) {
 PlayedTitle DvdPlayer::PlayToEnd() {
   PlayedTitle played;
   played.title = Place().title;
-  std::uint32_t first = 0;
   int lastChapter = 0;
   // The navigation packet at which the walk to this place ended belongs to the title as well.
   Event event = Event::Navigation;
@@ -226,16 +253,21 @@ PlayedTitle DvdPlayer::PlayToEnd() {
     if (place.domain != DiscPlace::Domain::Title || place.title != played.title) break;
     if (event == Event::Navigation) {
       const pci_gi_t& times = dvdnav_get_current_nav_pci(dvd_)->pci_gi;
-      if (lastChapter == 0) first = times.vobu_s_ptm;
       if (place.number != lastChapter) {
         lastChapter = place.number;
-        played.chapterStarts.push_back((times.vobu_s_ptm - first) / ticksPerSecond);
+        played.chapterStarts.push_back(played.seconds);
+        played.chapterVideo.emplace_back();
       }
-      played.seconds = (times.vobu_e_ptm - first) / ticksPerSecond;
+      // Times of two films in one title have nothing to do with each other, but the length of each unit counts.
+      played.seconds += (times.vobu_e_ptm - times.vobu_s_ptm) / ticksPerSecond;
     }
     if (event == Event::Block) {
       const Payload payload = PayloadOf(block_);
-      if (payload == Payload::Video) ++played.videoBlocks;
+      if (payload == Payload::Video) {
+        ++played.videoBlocks;
+        QByteArray& video = played.chapterVideo.back();
+        if (video.size() < enoughVideo) video.append(reinterpret_cast<const char*>(block_.data()), qsizetype(block_.size()));
+      }
       if (payload == Payload::Sound) ++played.soundBlocks;
     }
     event = Next();

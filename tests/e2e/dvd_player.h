@@ -48,9 +48,11 @@ struct DiscButton {
 /// What a player met between the start of a title and the moment it left it.
 struct PlayedTitle {
   int title = 0;
-  /// Start of each chapter in seconds from the start of the title, by the presentation times of the video itself.
+  /// Start of each chapter in seconds from the start of the title, by the presentation times of the units before it.
   std::vector<double> chapterStarts;
-  /// From the first to the last presented picture, in seconds.
+  /// The first blocks of each chapter that carry its pictures, as a program stream.
+  std::vector<QByteArray> chapterVideo;
+  /// Presentation time of all units together, in seconds.
   double seconds = 0;
   /// Blocks read that carry pictures, and sound of the first track.
   int videoBlocks = 0;
@@ -78,11 +80,17 @@ class DvdPlayer {
   /// Number of titles that the disc announces.
   int TitleCount() const;
 
+  /// Ends of a title's chapters in seconds, as the tables of the disc tell a player.
+  std::vector<double> ChapterEnds(int title) const;
+
   /// Goes on until the disc waits at a menu with buttons, a title has begun to play, or the disc has stopped.
   DiscPlace Settle();
 
-  /// The buttons of the menu the disc waits at, in the disc's own order.
-  std::vector<DiscButton> Buttons() const;
+  /// The buttons of the menu the disc waits at, in the disc's own order. A 16:9 menu has a second group for letterbox.
+  std::vector<DiscButton> Buttons(int group = 0) const;
+
+  /// Number of button groups of that menu.
+  int ButtonGroups() const;
 
   /// The button that is lit, from 1; 0 when none is.
   int LitButton() const;
@@ -94,7 +102,7 @@ class DvdPlayer {
   void PressDown();
 
   /// Lights the button, presses it and settles.
-  DiscPlace Press(int button);
+  DiscPlace Press(int button, int group = 0);
 
   /// The player's "title menu" key.
   DiscPlace PressMenuKey();

@@ -129,11 +129,11 @@ QByteArray Workshop::Log() const {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-std::vector<std::array<int, 4>> Workshop::SpuRectangles(const QString& menu) const {
+std::vector<std::array<int, 4>> Workshop::SpuRectangles(const QString& menu, const QString& file) const {
   static const QRegularExpression button(
       u"<button name=\"[^\"]*\" x0=\"(\\d+)\" y0=\"(\\d+)\" x1=\"(\\d+)\" y1=\"(\\d+)\""_s);
   std::vector<std::array<int, 4>> rectangles;
-  const QString text = QString::fromUtf8(ContentOf(tempDir_ + u'/' + menu + u"Spu.xml"_s));
+  const QString text = QString::fromUtf8(ContentOf(tempDir_ + u'/' + menu + file + u".xml"));
   for (const QRegularExpressionMatch& match : button.globalMatch(text)) {
     std::array<int, 4> rectangle{};
     for (int i = 0; i < 4; ++i) rectangle[std::size_t(i)] = match.captured(i + 1).toInt();

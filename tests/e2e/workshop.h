@@ -70,8 +70,8 @@ class Workshop {
   /// {Out}\TorvaneAuthor.log; empty when there is none.
   QByteArray Log() const;
 
-  /// The button rectangles of a menu's spumux file, in its order: left, top, right, bottom.
-  std::vector<std::array<int, 4>> SpuRectangles(const QString& menu) const;
+  /// The button rectangles of a menu's spumux file ("SpuL" for letterbox), in its order: left, top, right, bottom.
+  std::vector<std::array<int, 4>> SpuRectangles(const QString& menu, const QString& file = QStringLiteral("Spu")) const;
 
  private:
   QStringList Options(const QString& assume) const;
