@@ -2,6 +2,7 @@
 
 #include <QStringDecoder>
 #include <algorithm>
+#include <algorithm>
 
 #include "platform/dos_code_page.h"
 #include "platform/host_files.h"
@@ -94,6 +95,28 @@ void ControlFile::MapAuthorPaths(const PathMapper& map) {
       const bool isPath = (piece.name == u"dvdauthor" && attribute.name == u"dest") ||
                           (piece.name == u"vob" && attribute.name == u"file") || attribute.name == u"palette";
       if (isPath) MapAttribute(attribute, map);
+    }
+  }
+}
+
+void ControlFile::ExcludePanScan() {
+  LoosePiece* video = nullptr;
+  QStringList modes;
+  for (LoosePiece& piece : pieces_) {
+    if (IsTag(piece, u"video"_s)) {
+      video = &piece;
+      modes.clear();
+    } else if (IsTag(piece, u"stream"_s)) {
+      for (const LooseAttribute& attribute : piece.attributes) {
+        if (attribute.name == u"mode") modes << attribute.value;
+      }
+    } else if (piece.kind == LoosePiece::Kind::CloseTag && piece.name == u"subpicture" && video) {
+      const bool states = std::ranges::any_of(
+          video->attributes, [](const LooseAttribute& attribute) { return attribute.name == u"widescreen"; });
+      if (!states && modes == QStringList{u"widescreen"_s, u"letterbox"_s}) {
+        video->attributes << LooseAttribute{u" "_s, u"widescreen"_s, u"nopanscan"_s};
+      }
+      video = nullptr;
     }
   }
 }

@@ -36,6 +36,10 @@ class ControlFile {
   /// Maps what dvdauthor opens: `dest`, the file of a `vob`, a `palette`.
   void MapAuthorPaths(const PathMapper& map);
 
+  /// Tells dvdauthor that menus whose subpictures are made for widescreen and letterbox alone have no pan and scan form.
+  /// It would else make room for a third group of buttons, into which those beyond the twelfth are written.
+  void ExcludePanScan();
+
   /// Maps what spumux opens: `image`, `highlight` and `select` pictures of a `spu`, and of a `textsub` its `filename`;
   /// its `font` goes through `font`.
   void MapSpumuxPaths(const PathMapper& map, const PathMapper& font);

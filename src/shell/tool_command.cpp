@@ -190,6 +190,7 @@ class CommandMaker {
         if (Status reduced = ReduceToCheck(file, format, *folder); !reduced) return reduced;
       }
       file.MapAuthorPaths(map);
+      file.ExcludePanScan();
     }
     return WriteCopy(*folder, file.ToBytes());
   }

@@ -85,6 +85,25 @@ TEST(ControlFile, MapsThePathsOfBothKindsAndNothingElse) {
             "<textsub filename=\"{C:\\a.srt}\" font=\"(arial.ttf)\" /><textsub font=\"(C:\\a.TTF)\"/>");
 }
 
+TEST(ControlFile, ExcludesPanScanWhereSubpicturesHaveTwoOtherForms) {
+  const QByteArray wide = "<stream id=\"0\" mode=\"widescreen\" /><stream id=\"1\" mode=\"letterbox\" />";
+  const QByteArray third = "<stream id=\"2\" mode=\"panscan\" />";
+  const auto menus = [](const QByteArray& attributes, const QByteArray& streams) -> QByteArray {
+    return "<menus><video format=\"pal\"" + attributes + "></video><subpicture>" + streams + "</subpicture></menus>";
+  };
+  const QByteArray plain = "<menus><video format=\"pal\"></video></menus>";
+  const std::pair<QByteArray, QByteArray> cases[] = {
+      {plain + menus("", wide) + plain, plain + menus(" widescreen=\"nopanscan\"", wide) + plain},
+      {menus("", wide + third), menus("", wide + third)},
+      {menus(" widescreen=\"noletterbox\"", wide), menus(" widescreen=\"noletterbox\"", wide)},
+  };
+  for (const auto& [written, handed] : cases) {
+    ControlFile file(written);
+    file.ExcludePanScan();
+    EXPECT_EQ(file.ToBytes().toStdString(), handed.toStdString());
+  }
+}
+
 TEST(ControlFile, TakesAValueAsItStandsWhereSuchAFileExists) {
   QTemporaryDir dir;
   qputenv("TORVANE_DRIVE_C", dir.path().toUtf8());
