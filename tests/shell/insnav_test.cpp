@@ -1,8 +1,5 @@
-#include "shell/insnav.h"
-
 #include <dvdnav/dvdnav.h>
 
-#include <QRandomGenerator>
 #include <QtEndian>
 #include <vector>
 
@@ -186,35 +183,6 @@ TEST_F(InsnavTest, RefusesWhatIsNoStreamAndLeavesTheFormerOutput) {
   }
   EXPECT_EQ(RunBatch("insnav -o C:\\T\\m.mpg\r\n"),
             "ERR:  insnav: usage: insnav -o OUTPUT INPUT\r\n\r\n*ERROR: insnav ended with status 1\r\n");
-}
-
-TEST_F(InsnavTest, SurvivesDamagedStreams) {
-  Ffmpeg(u"-f lavfi -i sine=440:duration=2 -ac 2 -ar 48000 -c:a mp2 -b:a 64k a.mp2"_s);
-  MakeStill("p");
-  RunBatch("mplex -M -f 8 -o C:\\T\\t.mpg C:\\T\\v.m2v C:\\T\\a.mp2\r\n");
-  const QByteArray whole = Read(u"t.mpg"_s);
-  QRandomGenerator random(7);
-  int done = 0;
-  for (int round = 0; round < 400; ++round) {
-    QByteArray bytes = whole;
-    const int changes = 1 + random.bounded(40);
-    for (int i = 0; i < changes; ++i) {
-      // Most faults in headers, where they matter.
-      const qsizetype pack = random.bounded(int(bytes.size() / MpegPack::kSize)) * MpegPack::kSize;
-      bytes[pack + 4 + random.bounded(random.bounded(2) ? 36 : 2044)] = char(random.bounded(256));
-    }
-    if (round % 10 == 0) bytes.truncate(random.bounded(int(bytes.size())));
-    Write(u"d.mpg"_s, bytes);
-    const Result<QString> result = kInsnav.run({u"-o"_s, Host(u"m.mpg"_s), Host(u"d.mpg"_s)});
-    if (!result) {
-      EXPECT_TRUE(result.Error().startsWith(Host(u"d.mpg"_s))) << result.Error().toStdString();
-    } else {
-      ++done;
-      EXPECT_GE(QFile(Host(u"m.mpg"_s)).size(), bytes.size() / MpegPack::kSize * MpegPack::kSize);
-    }
-    EXPECT_FALSE(QFile::exists(Host(u"m.mpg.part"_s)));
-  }
-  EXPECT_GT(done, 100);
 }
 
 }  // namespace
