@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "cli/edit_commands.h"
+#include "cli/recover_command.h"
 #include "cli/settings_commands.h"
 #include "core/messages.h"
 
@@ -43,6 +44,9 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli chapters holiday.txt --fps 25 --duration 3600", 1, 1},
     {u"palette", u"FILE", u"Reads a subtitle palette (ifo, pal, rgb, sst): prints the packed colours, then each as R, G, B.",
      u"torvane-cli palette VTS_01_0.IFO", 1, 1},
+    {u"recover", u"list | save JOURNAL OUT.tvn | discard JOURNAL",
+     u"Lists the unsaved work that killed programs left (name, time of the last change, project), saves or discards it.",
+     u"torvane-cli recover save 4711-1 holiday-again.tvn", 1, 3},
 };
 
 constexpr QStringView kUsage =
@@ -188,6 +192,7 @@ class Parser {
     }
     if (line_.command == u"settings") return CheckSettingsArguments(line_.arguments);
     if (line_.command == u"preset") return CheckPresetArguments(line_.arguments);
+    if (line_.command == u"recover") return CheckRecoverArguments(line_.arguments);
     if (line_.command == u"chapters" && line_.fps == 0) {
       return Failure{u"The command chapters needs the frame rate of the film: --fps F"_s};
     }

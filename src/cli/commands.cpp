@@ -8,6 +8,7 @@
 #include "cli/media_commands.h"
 #include "cli/edit_commands.h"
 #include "cli/project_info.h"
+#include "cli/recover_command.h"
 #include "cli/settings_commands.h"
 #include "cli/tree_text.h"
 #include "compilers/disc_checks.h"
@@ -191,6 +192,7 @@ int RunCommand(const CommandLine& line) {
   const Settings settings =
       LoadSettings({.profileDir = line.profileDir, .overrides = *overrides, .appPath = ProgramDir()}, prompter);
   if (line.command == u"preset") return RunPresetCommand(line, settings, prompter);
+  if (line.command == u"recover") return RunRecoverCommand(line, settings, prompter);
   if (IsMediaCommand(line.command)) return RunMediaCommand(line, prompter);
   return Session(line, settings, prompter).Run();
 }

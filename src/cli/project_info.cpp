@@ -6,6 +6,7 @@
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/resource_paths.h"
+#include "core/size_bar.h"
 #include "designer/edit_context.h"
 #include "designer/element_limits.h"
 #include "platform/host_files.h"
@@ -20,6 +21,20 @@ QString FormatText(const Settings& settings) {
       settings.NoTitleSets ? u"one titleset" : u"titlesets", settings.VideoNormPal ? u"PAL" : u"NTSC",
       settings.DefMenuRatio ? u"16:9" : u"4:3", settings.Engine == kEngineMuxMan ? u"MuxMan" : u"dvdauthor",
       settings.AnimatedMainMenu ? u", animated menus" : u"", settings.NoMenus ? u", no menus" : u"");
+}
+
+QString SizeText(const Project& project) {
+  const int total = TotalSizeMB(project);
+  const DiscSize disc = DiscOf(project.Settings);
+  QStringList colors;
+  for (const SizeBar::Segment& segment : MakeSizeBar(total, disc).segments) {
+    const QStringView name = segment.color == SizeBar::kGreen ? u"green" : segment.color == SizeBar::kYellow ? u"yellow" : u"red";
+    colors << u"%1 to %2"_s.arg(name, QString::number(segment.to, 'f', 3));
+  }
+  return u"Size: %1 MB\nSize bar: %2 disc, %3 of %4 pixels\n"_s.arg(total)
+      .arg(disc == DiscSize::DualLayer ? u"dual-layer" : u"single-layer")
+      .arg(colors.join(u", "))
+      .arg(SizeBar::kWidth);
 }
 
 QString FilmText(const ProjectTree& tree, int number) {
@@ -67,9 +82,8 @@ QString Findings(const Project& project) {
 }  // namespace
 
 QString ProjectInfo(const Project& project) {
-  const ProjectNode* size = project.Tree.Find(kTotalSizeKey.toString());
-  QString text = u"Project: %1\nFormat: %2\nSize: %3 MB\n"_s.arg(
-      project.ProjectFile, FormatText(project.Settings), size ? size->Value(kTotalSizeLabel.size()) : QString());
+  QString text = u"Project: %1\nFormat: %2\n"_s.arg(project.ProjectFile, FormatText(project.Settings));
+  text += SizeText(project);
   text += u"Films: %1\n"_s.arg(project.FilmCount);
   for (int film = 1; film <= project.FilmCount; ++film) text += FilmText(project.Tree, film);
   text += u"Menus:\n"_s;

@@ -142,6 +142,7 @@ TEST_F(EditCommandsTest, InfoTellsContentsAndFindings) {
             R"(Project: C:\p.tvn
 Format: one titleset, PAL, 4:3, dvdauthor
 Size: 201 MB
+Size bar: single-layer disc, green to 28.944 of 720 pixels
 Films: 2
   F1 "Film1" 100 MB, , x, 25 fps, , 1 chapters, 0 audio files, 0 subtitle files
       C:\v\a.m2v
