@@ -86,7 +86,7 @@ QStringList NormalizeAll(const QStringList& entries, float fps, ChapterFraction&
     if (!chapter.isEmpty()) chapters << chapter;
   }
   std::sort(chapters.begin(), chapters.end());
-  if (chapters.isEmpty() || !IsZero(chapters.first())) chapters.prepend(u"00:00:00.000"_s);
+  if (chapters.isEmpty() || !IsZero(chapters.first())) chapters.prepend(kFirstChapter.toString());
   return chapters;
 }
 
@@ -120,7 +120,7 @@ QString NormalizeChapter(const QString& text, float fps, ChapterFraction& fracti
   if (colons == 0) {
     fraction = ChapterFraction::NoFrames;
     const double frame = std::floor(Val(text));
-    return frame == 0 ? u"00:00:00.000"_s : FrameTime(frame, fps);
+    return frame == 0 ? kFirstChapter.toString() : FrameTime(frame, fps);
   }
   if (colons > 3) return {};
 

@@ -10,6 +10,8 @@ namespace torvane {
 // A chapter list is one text: "hh:mm:ss.mmm", or "hh:mm:ss" where the source gave no fraction, separated by ",",
 // sorted; the first one is zero.
 
+inline constexpr QStringView kFirstChapter = u"00:00:00.000";
+
 /// What two-digit fractions are. "hh:mm:ss.12" may mean hundredths or frames until a list shows which.
 enum class ChapterFraction {
   NoFrames = 0,     ///< something proved that they are no frame numbers
