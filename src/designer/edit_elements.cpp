@@ -10,6 +10,7 @@
 #include "designer/edit_films.h"
 #include "designer/edit_menus.h"
 #include "designer/element_limits.h"
+#include "platform/host_files.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -103,6 +104,16 @@ std::optional<Attribute> ElementGroupOf(const ProjectNode& node, const QString& 
   return std::nullopt;
 }
 
+/// False only when the menu has no room for the picture that there is.
+bool AddChapterPicture(EditContext& context, const QString& film, QString time, const ElementPlace& place) {
+  const Settings& settings = context.project.Settings;
+  const QString path = settings.OutDir + u'\\' + film + u'_' + time.replace(u':', u'_');
+  const QString clip = path + u".vob";
+  if (settings.AnimatedMainMenu && HostFiles::FileExists(clip)) return AddAnimation(context, {.video = clip}, place);
+  const QString still = path + u".bmp";
+  return !HostFiles::FileExists(still) || AddImage(context, still, place);
+}
+
 bool IsBefore(const ProjectNode* node, const ProjectNode* other) {
   while (node && node != other) node = node->Next();
   return node != nullptr;
@@ -137,7 +148,7 @@ QString ChapterButtonText(const Project& project, int chapter, const QString& ti
   return text;
 }
 
-bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& place) {
+bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& place, ChapterPicture picture) {
   Project& project = context.project;
   const int titleSet = TitleSetOfMenu(project, place.menu);
   if (titleSet == 0) {
@@ -151,15 +162,22 @@ bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& pla
   const FilmView film(project.Tree, titleSet);
   const bool isTitle = film.IsAudioTitleSet();
   const QString time = isTitle ? QString() : film.Chapters().split(u',', Qt::SkipEmptyParts).value(chapter - 1);
-  return AddButton(context,
-                   {.kind = isTitle ? ButtonKind::Title : ButtonKind::Chapter,
-                    .text = ChapterButtonText(project, chapter, time),
-                    .action = ChapterButtonAction(project.Tree, titleSet, chapter, project.Settings)},
-                   place, u"Add chapter button"_s);
+  const NewButton button{.kind = isTitle ? ButtonKind::Title : ButtonKind::Chapter,
+                         .text = ChapterButtonText(project, chapter, time),
+                         .action = ChapterButtonAction(project.Tree, titleSet, chapter, project.Settings)};
+  Edit edit(project, u"Add chapter button"_s);
+  ElementPlace fixed = place;
+  fixed.position = PositionOf(project, place);
+  if (picture == ChapterPicture::FromEditor && !isTitle && !AddChapterPicture(context, film.Name(), time, fixed)) {
+    return false;
+  }
+  if (!AddButton(context, button, fixed, u"Add chapter button"_s)) return false;
+  edit.Commit();
+  return true;
 }
 
 bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, const QString& gridLayout,
-                    const ElementPlace& place) {
+                    const ElementPlace& place, ChapterPicture picture) {
   if (chapters.empty()) {
     context.prompter.Inform(GetMessage(633));
     return false;
@@ -171,7 +189,7 @@ bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, cons
     for (int column = 0; column < grid.Columns && chapter != chapters.end(); ++column, ++chapter) {
       ElementPlace cell = place;
       cell.position = QPoint(grid.StartX + column * grid.DeltaX, grid.StartY + row * grid.DeltaY);
-      if (!AddChapterButton(context, *chapter, cell)) return false;
+      if (!AddChapterButton(context, *chapter, cell, picture)) return false;
     }
   }
   edit.Commit();

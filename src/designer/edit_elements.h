@@ -19,13 +19,18 @@ int ChapterCount(const Project& project, int titleSet);
 /// Text of the button of a chapter: the settings choose the word and whether number and time follow.
 QString ChapterButtonText(const Project& project, int chapter, const QString& time);
 
+/// The picture of a chapter behind its button: the chapter editor's clip from `OutDir` with animated menus, its still
+/// picture otherwise. A chapter that has neither gets none.
+enum class ChapterPicture { None, FromEditor };
+
 /// A button for a chapter of a titleset's film, or a title of its audio titleset, counted from 1. `place.menu` is a
 /// menu of the titleset.
-bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& place);
+bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& place,
+                      ChapterPicture picture = ChapterPicture::None);
 
 /// Adds buttons for chapters in the places of a grid, rows from the top, until either runs out. One step of undo.
 bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, const QString& gridLayout,
-                    const ElementPlace& place);
+                    const ElementPlace& place, ChapterPicture picture = ChapterPicture::None);
 
 bool AddLabel(EditContext& context, const QString& text, const ElementPlace& place);
 bool AddImage(EditContext& context, const QString& path, const ElementPlace& place);

@@ -135,18 +135,20 @@ void RemoveTitleSetMenus(Project& project, int titleSet) {
 
 }  // namespace
 
-bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& place) {
+bool CheckFilmPlace(EditContext& context, const ElementPlace& place) {
   Project& project = context.project;
-  const Settings& settings = project.Settings;
   if (!CheckMainMenu(context, place.menu, u"Videos"_s) || !CheckFilmLimit(context) || !CheckButton(context, place)) {
     return false;
   }
-  const bool mayAnimate = StyleOf(project, place) != ButtonStyle::Text && settings.AnimatedMainMenu;
-  if ((mayAnimate || film.Animated != 0) && !CheckAnimLimit(MenuView(project.Tree, place.menu), context.prompter)) {
-    return false;
-  }
-  if (settings.Engine == kEngineDvdauthor && HasSpecialCharacters(film.VideoFile))
-    context.prompter.Warn(GetMessage(52));
+  const bool mayAnimate = StyleOf(project, place) != ButtonStyle::Text && project.Settings.AnimatedMainMenu;
+  return !mayAnimate || CheckAnimLimit(MenuView(project.Tree, place.menu), context.prompter);
+}
+
+bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& place) {
+  Project& project = context.project;
+  const Settings& settings = project.Settings;
+  if (!CheckFilmPlace(context, place)) return false;
+  if (film.Animated != 0 && !CheckAnimLimit(MenuView(project.Tree, place.menu), context.prompter)) return false;
 
   Edit edit(project, u"Add film"_s);
   if (settings.NoTitleSets && project.FilmCount == 0) TakeVideoFormat(project, film);

@@ -10,6 +10,9 @@ namespace torvane {
 // Films, audio titlesets and playlists with their buttons. All go into a menu of the main family. Each operation
 // answers whether it was done; a limit or a rule that stops it has been shown.
 
+/// Whether a menu has room for a film's button and the project for the film: what can be said before the film is known.
+bool CheckFilmPlace(EditContext& context, const ElementPlace& place);
+
 /// Adds a film with its button, in titleset mode also its titleset menu with a Back button, and for an animated film
 /// its animation.
 bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& place);

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
 #include "designer/edit_films.h"
 #include "designer/edit_menus.h"
+#include "platform/host_files.h"
 #include "support/edit_bench.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -76,6 +79,26 @@ TEST(EditElements, ChapterButtonsFillAGridByRows) {
   EXPECT_EQ(bench.project.History.UndoName(), u"Create layout by grid");
   ASSERT_TRUE(bench.project.History.Undo());
   EXPECT_EQ(bench.Children(u"TS1B"_s), QStringList(u"BackButton"_s));
+}
+
+TEST(EditElements, ChapterButtonsTakeThePicturesOfTheEditor) {
+  const QTemporaryDir dir;
+  Settings settings = test::TitleSetSettings();
+  settings.OutDir = HostFiles::ToDos(dir.path());
+  const QString clip = settings.OutDir + u"\\a_00_00_00.000.vob";
+  const QString still = settings.OutDir + u"\\a_00_05_00.000.bmp";
+  for (const QString& path : {clip, still}) ASSERT_TRUE(HostFiles::WriteAtomically(path, "x"));
+  for (const bool animated : {false, true}) {
+    settings.AnimatedMainMenu = animated;
+    test::EditBench bench(settings);
+    ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000,00:06:00.000"_s), {}));
+    ASSERT_TRUE(AddChapterGrid(bench.context, {1, 2, 3}, u"R3C1PX20PY30DX100DY50"_s, {.menu = u"TS1"_s},
+                               ChapterPicture::FromEditor));
+    EXPECT_EQ(bench.Children(u"TS1B"_s).size(), 4);
+    EXPECT_EQ(bench.Children(u"TS1S"_s), animated ? QStringList{u"Ani="_s + clip} : QStringList());
+    EXPECT_EQ(bench.Children(u"TS1I"_s), QStringList{u"Image1"_s});
+    EXPECT_EQ(bench.Caption(u"TS1I1File"_s) + bench.Caption(u"TS1I1Top"_s), still + u"Top=80");
+  }
 }
 
 TEST(EditElements, AGridThatDoesNotFitChangesNothing) {

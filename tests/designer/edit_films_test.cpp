@@ -163,17 +163,5 @@ TEST(EditFilms, StopAtTheirLimits) {
   EXPECT_EQ(bench.Told(), QStringList(u"Only(?!) 98 Films possible!"_s));
 }
 
-TEST(EditFilms, WarnOfPathsThatToolsMayNotTake) {
-  FilmRecord film = Film(u"a"_s);
-  film.VideoFile = u"C:\\v\\ä.m2v"_s;
-  for (const int engine : {0, 1}) {
-    Settings settings = test::FixedSettings();
-    settings.Engine = engine;
-    test::EditBench bench(settings);
-    EXPECT_TRUE(AddFilm(bench.context, film, {}));
-    EXPECT_EQ(bench.prompter.boxes.size(), engine == 0 ? 1U : 0U);
-  }
-}
-
 }  // namespace
 }  // namespace torvane
