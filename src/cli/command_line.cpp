@@ -66,6 +66,10 @@ bool Takes(const CommandHelp& command, const QString& option) {
   return command.options.toString().split(u' ').contains(option);
 }
 
+bool HasFlag(const CommandHelp& command, const QString& option) {
+  return command.flags.toString().split(u' ').contains(option);
+}
+
 /// True for an option that some command has of its own.
 bool IsOwnOption(const QString& option) {
   const auto takes = [&option](const CommandHelp& command) { return Takes(command, option); };
@@ -112,6 +116,11 @@ class Parser {
     }
     if (name == u"--version") {
       line_.wantsVersion = true;
+      return {};
+    }
+    const CommandHelp* command = FindCommand(line_.command);
+    if (command && HasFlag(*command, argument)) {
+      line_.options[name] << QString();
       return {};
     }
     QString value;
@@ -185,7 +194,7 @@ class Parser {
       return Failure{u"The command is: %1 %2"_s.arg(command->name, command->arguments)};
     }
     for (const QString& option : line_.options.keys()) {
-      if (!Takes(*command, option)) return Failure{u"The command %1 takes no %2."_s.arg(line_.command, option)};
+      if (!Takes(*command, option) && !HasFlag(*command, option)) return Failure{u"The command %1 takes no %2."_s.arg(line_.command, option)};
     }
     if (line_.command == u"compose" && line_.output.isEmpty()) {
       return Failure{u"The command compose needs a directory for its pictures: -o DIR"_s};

@@ -32,6 +32,13 @@ struct CommandLine {
   std::optional<double> duration;     ///< of --duration, in seconds
   std::optional<AnswerPolicy> frames; ///< of --frames
   QHash<QString, QStringList> options = {};  ///< those of the command itself, by name; each with all its values
+
+  /// The last value of one of those; `absent` where it was not given.
+  QString Option(const QString& name, const QString& absent = {}) const {
+    return options.contains(name) ? options.value(name).last() : absent;
+  }
+  bool HasFlag(const QString& name) const { return options.contains(name); }
+
   bool wantsHelp = false;
   bool wantsVersion = false;
 };
@@ -48,7 +55,8 @@ struct CommandHelp {
   QStringView example;
   int least;  ///< number of arguments, at the least and at the most (-1: any number)
   int most;
-  QStringView options = {};  ///< names of the options of its own that it takes, separated by blanks
+  QStringView options = {};  ///< names of the options of its own that take a value, separated by blanks
+  QStringView flags = {};    ///< names of those without a value; they stand behind the command
 };
 
 /// The help of a command, or null.

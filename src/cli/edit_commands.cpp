@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 
+#include "cli/film_commands.h"
 #include "core/action_strings.h"
 #include "designer/alignment.h"
 #include "designer/copy_layout.h"
@@ -22,7 +23,24 @@ namespace {
 
 constexpr QStringView kPlaceOptions = u"--menu --at --style -o";
 
-constexpr std::array<CommandHelp, 13> kCommands{{
+constexpr std::array<CommandHelp, 15> kCommands{{
+    {u"add-title",
+     u"P.tvn VIDEO [--audio FILE]... [--sub FILE [--sub-format F]]... [--languages A1,A2,A3,S1,S2,S3] [--palette FILE] "
+     u"[--start-sub] [--chapters LIST | --chapter-file FILE] [--name NAME] [--delay MS] [--shrink MB] [--inner-subs N] "
+     u"[--pre COMMANDS] [--post COMMANDS] [--animated] [--menu MM] [--at X,Y] [--style S] [-o OUT.tvn]",
+     u"Adds a film with its button. Sound of the video's name is found by itself; the checks of the video are run, and "
+     u"what they warn of is told.",
+     u"torvane-cli add-title holiday.tvn sea.m2v --sub sea.srt --languages EN,,,EN --chapters 0:00,5:30,12:00", 2, 2,
+     u"--audio --sub --sub-format --languages --palette --chapters --chapter-file --name --delay --shrink --inner-subs "
+     u"--pre --post --menu --at --style -o",
+     u"--start-sub --animated"},
+    {u"add-audio-titleset",
+     u"P.tvn FILE... [--name NAME] [--artist TEXT] [--album TEXT] [--image FILE] [--pattern [--add-track]] "
+     u"[--titles | --chapters] [--menu MM] [--at X,Y] [--style S] [-o OUT.tvn]",
+     u"Adds an audio titleset of sound files of one kind with its button; --pattern takes the texts from file names such "
+     u"as \"Artist - Album - 07 - Title\".",
+     u"torvane-cli add-audio-titleset holiday.tvn one.ac3 two.ac3 --name Songs --chapters", 2, -1,
+     u"--name --artist --album --image --menu --at --style -o", u"--titles --chapters --pattern --add-track"},
     {u"add-menu", u"P.tvn [--menu M] [--at X,Y] [--style S] [--type TYPE] [--text TEXT] [-o OUT.tvn]",
      u"Adds a submenu to a menu, with the button that leads there and the one that leads back.",
      u"torvane-cli add-menu holiday.tvn --text \"More films\" -o holiday2.tvn", 1, 1,
@@ -32,10 +50,11 @@ constexpr std::array<CommandHelp, 13> kCommands{{
      u"torvane-cli add-button holiday.tvn \"Play all\" --action Play_all", 2, 2, u"--action --menu --at --style -o"},
     {u"add-back", u"P.tvn --menu M [-o OUT.tvn]", u"Gives a menu the Back button that it lacks.",
      u"torvane-cli add-back holiday.tvn --menu TS1", 1, 1, u"--menu -o"},
-    {u"add-chapters", u"P.tvn --menu TS1 [--grid LAYOUT] [--style S] [-o OUT.tvn] [CHAPTER]...",
-     u"Adds buttons for chapters (all without numbers) in a grid of rows and columns.",
+    {u"add-chapters", u"P.tvn --menu TS1 [--grid LAYOUT] [--style S] [--pictures] [-o OUT.tvn] [CHAPTER]...",
+     u"Adds buttons for chapters (all without numbers) in a grid of rows and columns; --pictures adds the clips and "
+     u"pictures of the chapter editor.",
      u"torvane-cli add-chapters holiday.tvn --menu TS1 --grid R4C2PX60PY80DX300DY90", 1, -1,
-     u"--menu --grid --style -o"},
+     u"--menu --grid --style -o", u"--pictures"},
     {u"add-playlist", u"P.tvn FILM LIST [--menu M] [--at X,Y] [--style S] [-o OUT.tvn]",
      u"Adds a playlist of a film's chapters with its button; MuxMan alone knows playlists.",
      u"torvane-cli add-playlist holiday.tvn 1 \"03, 01\"", 3, 3, kPlaceOptions},
@@ -87,6 +106,8 @@ class EditCommand {
 
   bool Run() {
     static const std::map<QString, bool (EditCommand::*)()> commands{
+        {u"add-title"_s, &EditCommand::AddTitle},
+        {u"add-audio-titleset"_s, &EditCommand::AddSongs},
         {u"add-menu"_s, &EditCommand::AddSubMenu},
         {u"add-button"_s, &EditCommand::AddButton},
         {u"add-back"_s, &EditCommand::AddBack},
@@ -110,9 +131,7 @@ class EditCommand {
 
  private:
   QString Argument(qsizetype i) const { return line_.arguments.value(i); }
-  QString Option(const QString& name, const QString& absent = {}) const {
-    return line_.options.contains(name) ? line_.options.value(name).last() : absent;
-  }
+  QString Option(const QString& name, const QString& absent = {}) const { return line_.Option(name, absent); }
 
   bool Refuse(const QString& reason) {
     prompter_.Fail(reason);
@@ -143,6 +162,9 @@ class EditCommand {
     return true;
   }
 
+  bool AddTitle() { return AddTitleOf(line_, context_, place_); }
+  bool AddSongs() { return AddAudioTitleSetOf(line_, context_, place_); }
+
   bool AddSubMenu() {
     const QString type = Option(u"--type"_s, MenuTypes().front());
     const QStringList types = AvailableMenuTypes(context_.project, place_.menu);
@@ -169,7 +191,9 @@ class EditCommand {
       const int count = ChapterCount(context_.project, TitleSetOfMenu(context_.project, place_.menu));
       for (int chapter = 1; chapter <= count; ++chapter) chapters.push_back(chapter);
     }
-    return AddChapterGrid(context_, chapters, Option(u"--grid"_s, context_.project.Settings.GridLayout), place_);
+    const bool pictures = line_.HasFlag(u"--pictures"_s);
+    return AddChapterGrid(context_, chapters, Option(u"--grid"_s, context_.project.Settings.GridLayout), place_,
+                          pictures ? ChapterPicture::FromEditor : ChapterPicture::None);
   }
 
   bool AddFilmList() {

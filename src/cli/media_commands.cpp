@@ -103,6 +103,17 @@ double SecondsOf(const QString& chapter) {
   return Val(chapter.first(2)) * 3600 + Val(QStringView(chapter).mid(3, 2)) * 60 + Val(QStringView(chapter).mid(6));
 }
 
+}  // namespace
+
+void WarnOfLateChapters(const QString& list, double duration, Prompter& prompter) {
+  for (const QString& chapter : list.split(u',')) {
+    if (SecondsOf(chapter) < duration || SecondsOf(chapter) == 0) continue;
+    prompter.Warn(u"The chapter "_s + chapter + u" lies behind the end of the film."_s);
+  }
+}
+
+namespace {
+
 int Chapters(const CommandLine& line, Prompter& prompter) {
   CliPrompter frames(line.frames.value_or(AnswerPolicy::Default));
   const Result<QString> list =
@@ -112,11 +123,7 @@ int Chapters(const CommandLine& line, Prompter& prompter) {
     return kExitFailed;
   }
   PrintOut(*list + u'\n');
-  if (!line.duration) return kExitDone;
-  for (const QString& chapter : list->split(u',')) {
-    if (SecondsOf(chapter) < *line.duration || SecondsOf(chapter) == 0) continue;
-    prompter.Warn(u"The chapter "_s + chapter + u" lies behind the end of the film."_s);
-  }
+  if (line.duration) WarnOfLateChapters(*list, *line.duration, prompter);
   return kExitDone;
 }
 
