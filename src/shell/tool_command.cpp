@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <algorithm>
 
 #include "media/palette.h"
@@ -14,6 +13,7 @@
 #include "shell/current_directory.h"
 #include "shell/font_name.h"
 #include "shell/syntax_check.h"
+#include "shell/tool_program.h"
 #include "shell/video_norm.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,41 +21,19 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-/// The named path, also with ".exe" behind it, when a file lies there.
-QString ExistingProgram(const QString& dosPath) {
-  for (const QString& path : {dosPath, QString(dosPath + u".exe"_s)}) {
-    if (HostFiles::FileExists(path)) return QFileInfo(HostFiles::ToHost(path)).absoluteFilePath();
-  }
-  return {};
-}
-
-QString StemOf(const QString& dosPath) {
-  QString name = dosPath;
-  name.replace(u'/', u'\\');
-  name = name.sliced(name.lastIndexOf(u'\\') + 1);
-  for (const QString& ending : {u".exe"_s, u".com"_s}) {
-    if (name.endsWith(ending, Qt::CaseInsensitive)) name.chop(ending.size());
-  }
-  return name;
-}
-
-bool IsWindowsProgram(const QString& hostPath) {
-  QFile file(hostPath);
-  return file.open(QIODevice::ReadOnly) && file.read(2) == "MZ";
-}
-
 class CommandMaker {
  public:
   CommandMaker(const QList<CommandWord>& words, const RedirectedFiles& files, RunKind kind, PrivateFolder& folder)
       : words_(words), files_(files), kind_(kind), folder_(folder) {}
 
   Result<ToolCommand> Run() {
-    const QString named = words_.first().text;
-    command_.name = StemOf(named);
-    tool_ = FindTool(command_.name);
-    if (tool_) command_.name = tool_->stem;
-    const QString existing = ExistingProgram(ResolveDosPath(named));
-    if (const Status found = FindProgram(named, existing); !found) return Failure{found.Error()};
+    const Result<ToolProgram> found = FindToolProgram(words_.first().text);
+    if (!found) return Failure{found.Error()};
+    command_.name = found->name;
+    command_.stage.program = found->program;
+    command_.stage.arguments = found->arguments;
+    tool_ = found->entry;
+    wine_ = found->wine;
     command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
     AddArguments();
     if (tool_ && tool_->own && !wine_) BringOwn();
@@ -66,32 +44,6 @@ class CommandMaker {
   }
 
  private:
-  Status FindProgram(const QString& named, const QString& existing) {
-    ProcessStage& stage = command_.stage;
-    if (!existing.isEmpty() && IsWindowsProgram(existing)) {
-      if (const QString wine = QStandardPaths::findExecutable(u"wine"_s); !wine.isEmpty()) {
-        wine_ = true;
-        stage.program = wine;
-        stage.arguments = {u"wine"_s, existing};
-        return {};
-      }
-      if (!tool_) return Failure{u"%1 is a Windows program; install the Debian package wine to run it"_s.arg(named)};
-    }
-    if (tool_) {
-      if (tool_->own) return {};
-      if (tool_->program.isEmpty()) return Failure{u"%1 is not available on this system"_s.arg(tool_->stem)};
-      stage.program = QStandardPaths::findExecutable(tool_->program);
-      stage.arguments = {tool_->program};
-      if (!stage.program.isEmpty()) return {};
-      return Failure{u"%1 is not installed; install the Debian package %2"_s.arg(tool_->program, tool_->package)};
-    }
-    if (existing.isEmpty()) return Failure{u"%1 is neither a command nor a program that exists"_s.arg(named)};
-    if (!QFileInfo(existing).isExecutable()) return Failure{u"%1 cannot be run on this system"_s.arg(existing)};
-    stage.program = existing;
-    stage.arguments = {existing};
-    return {};
-  }
-
   /// The path as the program is given it. Wine knows drive Z only.
   QString Map(const QString& dosPath) {
     QString host = HostFiles::ToHost(dosPath);

@@ -1,0 +1,49 @@
+#include "shell/tool_program.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/host_files.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace torvane {
+namespace {
+
+TEST(ToolProgram, TheCheckAtStartKnowsWhatABatchWillFind) {
+  const QTemporaryDir dir;
+  const QByteArray path = qgetenv("PATH");
+  qputenv("TORVANE_DRIVE_C", dir.path().toUtf8());
+  qputenv("PATH", dir.path().toUtf8());
+  const auto lay = [](const QString& dosPath, const QByteArray& content, bool isExecutable) {
+    ASSERT_TRUE(HostFiles::WriteAtomically(dosPath, content));
+    const auto run = isExecutable ? QFile::ExeOwner : QFile::Permissions();
+    QFile::setPermissions(HostFiles::ToHost(dosPath), QFile::ReadOwner | QFile::WriteOwner | run);
+  };
+  const auto found = [] {
+    QStringList names;
+    for (const QString& name : {u"dvdauthor.exe"_s, u"mkisofs.exe"_s, u"insnav.exe"_s, u"muxman.exe"_s, u"DGIndex.exe"_s,
+                                u"DGDecode.dll"_s, u"viewer.exe"_s}) {
+      if (HasTool(u"C:\\"_s + name)) names << name;
+    }
+    return names.join(u' ');
+  };
+  EXPECT_EQ(found(), u"insnav.exe"_s) << "a tool of the console itself";
+  lay(u"C:\\dvdauthor"_s, "#!/bin/sh\n", true);
+  lay(u"C:\\genisoimage"_s, "#!/bin/sh\n", true);
+  lay(u"C:\\DGIndex.exe"_s, "MZ", true);
+  lay(u"C:\\dgdecode.DLL"_s, "MZ", false);
+  lay(u"C:\\muxman.exe"_s, "MZ", true);
+  lay(u"C:\\viewer.exe"_s, "#!/bin/sh\n", false);
+  EXPECT_EQ(found(), u"dvdauthor.exe mkisofs.exe insnav.exe DGDecode.dll"_s);
+  lay(u"C:\\wine"_s, "#!/bin/sh\n", true);
+  lay(u"C:\\viewer.exe"_s, "#!/bin/sh\n", true);
+  EXPECT_EQ(found(), u"dvdauthor.exe mkisofs.exe insnav.exe muxman.exe DGIndex.exe DGDecode.dll viewer.exe"_s);
+  qputenv("PATH", path);
+  qunsetenv("TORVANE_DRIVE_C");
+}
+
+}  // namespace
+}  // namespace torvane
