@@ -26,8 +26,8 @@ Example: torvane-cmd /c author.bat
 
 Batches name files as C:\films\a.mpg. Drive Z is the root of the file system; drive X is the folder
 that the environment variable TORVANE_DRIVE_X names. dvdauthor, spumux, mplex, mpeg2enc, png2yuv,
-jpeg2yuv and mkisofs are taken from this machine, wherever the batch looks for them; insnav and sup2png are
-part of this program.
+jpeg2yuv and mkisofs are taken from this machine, wherever the batch looks for them; insnav, sup2png and
+requant are part of this program, and requant uses ffmpeg.
 
 A line that begins with *ERROR tells what failed. The exit code is that of the last command.
 )"_s;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "shell/insnav.h"
+#include "shell/requant.h"
 #include "shell/sup2png.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,7 +37,7 @@ const ToolEntry* FindTool(const QString& stem) {
                 .plainValue = {u"-V"_s},
                 .outputOption = u"-o"_s},
       ToolEntry{.stem = u"insnav"_s, .outputOption = u"-o"_s, .own = &kInsnav},
-      ToolEntry{.stem = u"requant"_s},
+      ToolEntry{.stem = u"requant"_s, .own = &kRequant},
       ToolEntry{.stem = u"sup2png"_s, .own = &kSup2Png},
       ToolEntry{.stem = u"muxman"_s},
       ToolEntry{.stem = u"hcenc"_s},

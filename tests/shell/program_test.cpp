@@ -133,7 +133,7 @@ TEST_F(Programs, GoToWineWhereARealOneLies) {
   Write(u"dvdauthor.exe"_s, "MZ\x90");
   Write(u"Author.xml"_s, "<vob file=\"C:\\T\\a|\"/>");
   environment_.insert(u"PATH"_s, u"/usr/bin:/bin"_s);
-  EXPECT_EQ(RunBatch("requant 1.25 a b\r\n"), "*ERROR: requant is not available on this system\r\n");
+  EXPECT_EQ(RunBatch("muxman 1.25 a b\r\n"), "*ERROR: muxman is not available on this system\r\n");
   MakeTool(u"wine"_s,
            "for a; do printf '[%s]\\n' \"$a\"; done; eval last=\\${$#}\n"
            "case $last in *Author.xml) cat \"$(printf %s \"$last\" | tr '\\\\' / | cut -c 3-)\"; echo;; esac\n");
