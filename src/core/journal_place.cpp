@@ -11,7 +11,7 @@ namespace torvane {
 QString JournalDir(const QString& profileDir) { return SplitPath(SettingsStore(profileDir).Path()).dir + u"\\Journal"; }
 
 std::unique_ptr<QLockFile> LockJournal(const QString& path) {
-  auto lock = std::make_unique<QLockFile>(HostFiles::ToHost(path) + u".lock"_s);
+  auto lock = std::make_unique<QLockFile>(HostFiles::ToHost(path) + kLockEnding);
   lock->setStaleLockTime(0);  // it holds as long as its process lives
   return lock->tryLock() ? std::move(lock) : nullptr;
 }

@@ -8,6 +8,7 @@ namespace torvane {
 
 inline constexpr QStringView kJournalEnding = u".tvj";
 inline constexpr QStringView kNewEnding = u".new";  ///< behind the name of a journal that is not whole yet
+inline constexpr QStringView kLockEnding = u".lock";
 
 /// Directory of the journals of the user whose store lies in a directory (see SettingsStore). DOS path.
 QString JournalDir(const QString& profileDir);

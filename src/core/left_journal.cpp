@@ -37,24 +37,20 @@ Result<JournalReplay> LeftJournal::Recover(Project& project) const {
   return Failure{u"%1 %2"_s.arg(HostFiles::ToHost(path_), replay.Error())};
 }
 
-bool LeftJournal::Discard() {
-  HostFiles::RemoveFile(path_ + kNewEnding);
-  return HostFiles::RemoveFile(path_);
-}
+bool LeftJournal::Discard() { return HostFiles::RemoveFile(path_); }
 
 std::vector<LeftJournal> TakeLeftJournals(const QString& dir) {
   std::vector<LeftJournal> journals;
-  for (const QString& name : HostFiles::FileNames(dir)) {
-    const bool isUnfinished = name.endsWith(kJournalEnding + kNewEnding.toString());
-    if (!isUnfinished && !name.endsWith(kJournalEnding)) continue;
-    const QString path = dir + u'\\' + (isUnfinished ? name.chopped(kNewEnding.size()) : name);
+  for (QString name : HostFiles::FileNames(dir)) {
+    for (const QStringView ending : {kNewEnding, kLockEnding}) {
+      if (name.endsWith(ending)) name.chop(ending.size());
+    }
+    if (!name.endsWith(kJournalEnding)) continue;
+    const QString path = dir + u'\\' + name;
     std::unique_ptr<QLockFile> lock = LockJournal(path);
     if (!lock) continue;
-    if (isUnfinished) {
-      HostFiles::RemoveFile(path + kNewEnding);
-    } else {
-      journals.push_back(LeftJournal(path, std::move(lock)));
-    }
+    HostFiles::RemoveFile(path + kNewEnding);
+    if (HostFiles::FileExists(path)) journals.push_back(LeftJournal(path, std::move(lock)));
   }
   return journals;
 }

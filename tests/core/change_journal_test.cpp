@@ -260,6 +260,8 @@ TEST_F(ChangeJournalTest, AKilledProgramOffersItsWorkToOneOther) {
   victim.Kill();
   ASSERT_TRUE(HostFiles::WriteAtomically(dir_ + u"\\1-1.tvj.new"_s, "begun by another that was killed"));
   ASSERT_TRUE(HostFiles::WriteAtomically(dir_ + u"\\2-1.tvj"_s, "no journal"));
+  const QByteArray nobody = "999999999\nnobody\n" + QSysInfo::machineHostName().toUtf8() + '\n';
+  ASSERT_TRUE(HostFiles::WriteAtomically(dir_ + u"\\3-1.tvj.lock"_s, nobody));
 
   std::vector<LeftJournal> left = TakeLeftJournals(dir_);
   EXPECT_TRUE(TakeLeftJournals(dir_).empty()) << "it is offered once";

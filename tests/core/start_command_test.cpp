@@ -48,8 +48,10 @@ class StartCommandTest : public testing::Test {
 
 TEST_F(StartCommandTest, RefusesWhatItCannotUse) {
   const auto missing = [](const QString& path) { return u"Projectfile: %1 not found"_s.arg(path); };
-  const auto syntax = [](const QString& line) { return u"Wrong commandline syntax!\r\nCommandline: "_s + line; };
-  const auto video = [](const QString& line) { return u"Wrong Videofile type or file not found\r\nCommandline: "_s + line; };
+  const auto syntax = [](const QString& line) -> QString { return u"Wrong commandline syntax!\r\nCommandline: "_s + line; };
+  const auto video = [](const QString& line) -> QString {
+    return u"Wrong Videofile type or file not found\r\nCommandline: "_s + line;
+  };
   const struct {
     QString line;
     QString told;
