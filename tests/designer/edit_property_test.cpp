@@ -3,22 +3,16 @@
 #include <QDir>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <random>
 
 #include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/text.h"
-#include "designer/alignment.h"
 #include "designer/button_places.h"
-#include "designer/copy_layout.h"
-#include "designer/edit_elements.h"
 #include "designer/edit_films.h"
-#include "designer/edit_menus.h"
-#include "designer/edit_values.h"
 #include "designer/element_limits.h"
-#include "designer/shrink.h"
 #include "support/edit_bench.h"
 #include "support/project_state.h"
+#include "support/random_user.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -95,157 +89,6 @@ QStringList Faults(const Project& project) {
   return faults;
 }
 
-/// A user who does anything anywhere.
-class RandomUser {
- public:
-  explicit RandomUser(unsigned seed) : random_(seed), bench_(RandomSettings()) {}
-
-  Project& ThisProject() { return bench_.project; }
-
-  void Act() {
-    EditContext& c = bench_.context;
-    ElementPlace place{.menu = AnyMenu()};
-    if (Below(2) == 0) place.position = QPoint(Below(720), Below(576));
-    if (Below(3) == 0) place.style = ButtonStyle(Below(3));
-    switch (Below(18)) {
-      case 0:
-      case 1:
-        AddFilm(c, AnyFilm(), place);
-        break;
-      case 2:
-        AddAudioTitleSet(c, {.Name = u"Songs"_s, .Titles = std::vector<AudioTitle>(std::size_t(Below(4)))}, place);
-        break;
-      case 3:
-        AddPlayList(c, {.Film = 1 + Below(4), .List = u"01"_s}, place);
-        break;
-      case 4:
-      case 5:
-        AddMenu(c, {.type = MenuTypes()[Below(5)]}, place);
-        break;
-      case 6:
-        AddChapterButton(c, 1 + Below(3), place);
-        break;
-      case 7:
-        AddFreeButton(c, u"Button\nhere"_s, Below(2) == 0 ? u""_s : u"exit;"_s, place);
-        break;
-      case 8:
-        AddPlayAllButton(c, place);
-        break;
-      case 9:
-        AddLabel(c, u"Label"_s, place);
-        break;
-      case 10:
-        AddImage(c, u"C:\\i.png"_s, place);
-        break;
-      case 11:
-        AddAnimation(c, {.video = u"C:\\v.m2v"_s}, place);
-        break;
-      case 12:
-      case 13:
-        DeleteNode(c, AnyKey());
-        break;
-      case 14:
-        EditValue(c, AnyKey(), Below(2) == 0 ? QString::number(Below(800)) : u"1,2,3"_s);
-        break;
-      case 15:
-        MoveElement(c, AnyKey(), AnyKey());
-        break;
-      case 16:
-        Rearrange(place.menu);
-        break;
-      default:
-        Less(place.menu);
-        break;
-    }
-    bench_.prompter.boxes.clear();
-  }
-
-  int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random_); }
-
- private:
-  Settings RandomSettings() {
-    Settings settings = test::FixedSettings();
-    settings.NoTitleSets = Below(2) == 0;
-    settings.Engine = Below(2);
-    settings.LoopSyntax = Below(2) == 0;
-    settings.TextButtons = Below(3);
-    settings.AnimatedMainMenu = Below(2) == 0;
-    settings.AdvancedMode = Below(2) == 0;
-    settings.DefMenuRatio = Below(2) == 0;
-    settings.Def169Mode = Below(3);
-    return settings;
-  }
-
-  FilmRecord AnyFilm() {
-    FilmRecord film;
-    film.Name = u"film_%1"_s.arg(Below(100));
-    film.VideoFile = u"C:\\v\\%1.m2v"_s.arg(Below(100));
-    film.MpegVersion = QString::number(1 + Below(2));
-    film.SizeMB = Below(3000);
-    film.TotalSize = film.SizeMB + 100;
-    film.Chapters = u"00:00:00.000,00:01:00.000"_s;
-    film.Animated = Below(3);
-    if (Below(2) == 0) film.Audio[0] = u"C:\\v\\a.ac3"_s;
-    return film;
-  }
-
-  QString AnyMenu() {
-    QStringList menus;
-    const ProjectTree& tree = bench_.project.Tree;
-    for (const ProjectNode* root = tree.FirstRoot(); root; root = root->Next()) {
-      if (!MenuOfNode(tree, root->Key()).isEmpty()) menus << root->Key();
-    }
-    return menus[Below(int(menus.size()))];
-  }
-
-  QString AnyKey() {
-    const ProjectTree& tree = bench_.project.Tree;
-    const ProjectNode* node = nullptr;
-    for (int i = Below(int(tree.NodeCount())); i >= 0; --i) node = tree.NextInOrder(node);
-    return node->Key();
-  }
-
-  void Rearrange(const QString& menu) {
-    QStringList keys;
-    const MenuView view(bench_.project.Tree, menu);
-    for (const ButtonView& button : view.Buttons()) keys << button.Key();
-    for (const PictureView& image : view.Images()) keys << image.Key();
-    if (Below(2) == 0) {
-      AlignElements(bench_.context, menu, keys, Alignment(Below(8)));
-    } else {
-      DistributeElements(bench_.context, menu, keys, Distribution(Below(4)));
-    }
-  }
-
-  void Less(const QString& menu) {
-    switch (Below(5)) {
-      case 0:
-        ShrinkToSize(bench_.context, QString::number(Below(10000)));
-        break;
-      case 1:
-        DeleteGroup(bench_.context, menu, ElementGroup(Below(6)));
-        break;
-      case 2: {
-        FilmRecord film = AnyFilm();
-        const int number = 1 + Below(4);
-        if (!FilmView(bench_.project.Tree, number).IsAudioTitleSet()) EditFilm(bench_.context, number, film);
-        break;
-      }
-      case 3:
-        SwitchMenu(bench_.project, menu, bench_.prompter);
-        break;
-      default:
-        CopyMenuLayout(bench_.context, menu, AnyMenu(),
-                       {Below(2) == 0, Below(2) == 0, Below(2) == 0, Below(2) == 0, Below(2) == 0, Below(2) == 0,
-                        Below(2) == 0, Below(2) == 0});
-        break;
-    }
-  }
-
-  std::mt19937 random_;
-  test::EditBench bench_;
-};
-
 /// The state that undo brings back: everything but the menu shown, which is no change of its own.
 test::WholeProject StateOf(const Project& project) {
   test::WholeProject state(project);
@@ -259,7 +102,7 @@ TEST(EditProperty, RandomEditsKeepTheProjectSoundAndCanBeUndone) {
   qputenv("TORVANE_DRIVE_C", dir.path().toUtf8());
   for (unsigned seed = 1; seed <= kSequences; ++seed) {
     SCOPED_TRACE(seed);
-    RandomUser user(seed);
+    test::RandomUser user(seed);
     Project& project = user.ThisProject();
     std::vector<test::WholeProject> states{StateOf(project)};  // state i is that with i steps done
     for (int step = 0; step < kSteps; ++step) {
