@@ -49,7 +49,9 @@ class BlockText {
 
 QString DisplayMode(const Settings& settings) {
   if (!settings.DefMenuRatio) return u"4:3"_s;
-  return settings.Def169Mode == 0 ? u"Only Letterbox"_s : settings.Def169Mode == 1 ? u"P/S and LB"_s : u"Only Panscan"_s;
+  return settings.Def169Mode == 0   ? u"Only Letterbox"_s
+         : settings.Def169Mode == 1 ? u"P/S and LB"_s
+                                    : u"Only Panscan"_s;
 }
 
 }  // namespace
@@ -58,7 +60,9 @@ int AudioTrackCount(const ProjectTree& tree, int film) {
   return std::clamp(ValToInt(TagOf(tree, film_node::AudioTitles, film)), 0, kMaxAudioTitles);
 }
 
-bool HasOneTitle(const ProjectTree& tree, int film) { return TagOf(tree, film_node::AudioLayout, film) == u"1"; }
+bool HasOneTitle(const ProjectTree& tree, int film) {
+  return TagOf(tree, film_node::AudioLayout, film) == u"1";
+}
 
 QString AudioTrackFile(const Settings& settings, int film, int track) {
   return AudioFolder(settings) + u'\\' + AudioTitleKey(film, track) + u".mpg";

@@ -148,7 +148,9 @@ void AuthorPieces::IntroVob() {
   out_.Line(u"        <vob file=\"" + file + u"\" chapters=\"00:00:00.00\"/>");
 }
 
-QString AuthorPieces::Stem(const FilmView& film) const { return project_.Settings.TempDir + u'\\' + film.Name(); }
+QString AuthorPieces::Stem(const FilmView& film) const {
+  return project_.Settings.TempDir + u'\\' + film.Name();
+}
 
 void AuthorPieces::MenuPgc(const QString& menuKey, int number, bool playAll) {
   const MenuView menu(project_.Tree, menuKey);

@@ -210,8 +210,10 @@ class TitlesetWriter {
     } else {
       line += settings_.LoopSyntax ? u"if (g3 eq 0) g3=1;button=g3*1024;" : u"button=1024;";
     }
-    if (settings_.NoShowTitleSetMenu) line += u' ' + start + u' ' + otherwise + u"} </pre>";
-    else line += u" } </pre>";
+    if (settings_.NoShowTitleSetMenu)
+      line += u' ' + start + u' ' + otherwise + u"} </pre>";
+    else
+      line += u" } </pre>";
     out_.Line(line);
   }
 
@@ -271,8 +273,8 @@ class TitlesetWriter {
     const QString back = leaves ? u"call vmgm menu %1;"_s.arg(film.ReturnMenu()) : u"call menu;"_s;
     if (!chained_) return back;
     if (film.Number() >= project_.FilmCount) return settings_.NoMenus ? u"exit;"_s : u"call vmgm menu;"_s;
-    const QString next = u"g1=1;g2=%1;call vmgm menu %2;}"_s.arg(film.Number() + 1)
-                             .arg(settings_.NoMenus ? 1 : firstJumpPgc_);
+    const QString next =
+        u"g1=1;g2=%1;call vmgm menu %2;}"_s.arg(film.Number() + 1).arg(settings_.NoMenus ? 1 : firstJumpPgc_);
     if (settings_.NoMenus || !playAll_) return u"{ " + next;
     return u" { if (g0 eq 1) {" + next + u" else " + back + u" } ";
   }

@@ -36,7 +36,8 @@ bool CheckFreeSpace(const Project& project, Prompter& prompter);
 /// Nothing is asked: such a run is refused, with the names.
 bool CheckSourcesSafe(const Project& project, Prompter& prompter);
 
-/// No two films share the name of their temporary files, and none of these files is a source of the project.
+/// No two films share the name of their temporary files, none of these files is a source of the project, and none lies in
+/// the folders that the video batch empties.
 bool CheckTemporaryNames(const Project& project, Prompter& prompter);
 
 /// No name, path or delay of the project holds a character that ends its place in a batch line: a quote, a line break or

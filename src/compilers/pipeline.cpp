@@ -36,8 +36,9 @@ bool CreateDvdPipeline::IsSupported(SoundFiles sound) {
   for (const QString& key : DiscMenuKeys(project_)) {
     const MenuView menu(project_.Tree, key);
     if (!reason.isEmpty() || !menu.IsAnimated(settings)) continue;
-    reason = u"Menu %1 (%2) is animated; such menus cannot be authored yet. Please take its animations or transition away."_s
-                 .arg(menu.Name(), key);
+    reason =
+        u"Menu %1 (%2) is animated; such menus cannot be authored yet. Please take its animations or transition away."_s
+            .arg(menu.Name(), key);
   }
   if (reason.isEmpty()) return CheckPlan(project_, prompter_, sound);
   prompter_.Fail(reason);
@@ -50,9 +51,8 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
   const bool ready = IsSupported(SoundFiles::Read) && CheckIntro(project_, prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
                      CheckBatchTexts(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
-                     CheckSourcesSafe(project_, prompter_) &&
-                     ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) && ClearOldIso(project_, prompter_) &&
-                     CheckFreeSpace(project_, prompter_);
+                     CheckSourcesSafe(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) &&
+                     ClearOldIso(project_, prompter_) && CheckFreeSpace(project_, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 

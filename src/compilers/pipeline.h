@@ -16,9 +16,9 @@ namespace torvane {
 
 /// What a compiled project hands to the batch runner.
 struct RunPlan {
-  QStringList BatchList;             ///< names relative to TempDir, in order of running
+  QStringList BatchList;                  ///< names relative to TempDir, in order of running
   QString RunMode = QStringLiteral("0");  ///< "1" for the syntax check
-  QString LogText = {};              ///< for `TVNLogFile`
+  QString LogText = {};                   ///< for `TVNLogFile`
   bool operator==(const RunPlan&) const = default;
 };
 

@@ -16,8 +16,9 @@ namespace torvane {
 namespace {
 
 constexpr int kMostDiscTitles = 99;
-constexpr int kMostPassedTitlesets = 63;       ///< whose jumps fit into the commands of one PGC
-constexpr int kMostButtonsBesidesAuto = 32;    ///< the four directions take the places of buttons
+constexpr int kMostPassedTitlesets = 63;  ///< whose jumps fit into the commands of one PGC
+constexpr int kMostButtons = 36;          ///< the forms of a 16:9 menu share them
+constexpr int kDirections = 4;            ///< of a button that acts at once; each takes the place of a button
 
 template <class Table>
 void AddUsed(const Table& table, QStringList& keys) {
@@ -34,9 +35,10 @@ void FindTitlesetLimits(const Project& project, QStringList& findings) {
     titles += titleATrack ? AudioTrackCount(project.Tree, i) : 1;
   }
   if (titles > kMostDiscTitles) {
-    findings << u"The disc would have %1 titles; it can hold %2. Please give audio titlesets one title with chapters, or "
-                u"take films out."_s.arg(titles)
-                    .arg(kMostDiscTitles);
+    findings
+        << u"The disc would have %1 titles; it can hold %2. Please give audio titlesets one title with chapters, or "
+           u"take films out."_s.arg(titles)
+               .arg(kMostDiscTitles);
   }
   if (settings.NoTitleSets) return;
   if (settings.NoMenus && settings.Engine == kEngineDvdauthor && project.FilmCount > kMostPassedTitlesets) {
@@ -49,10 +51,11 @@ void FindTitlesetLimits(const Project& project, QStringList& findings) {
 void FindMissingMenus(const Project& project, QStringList& findings) {
   for (const QString& key : DiscMenuKeys(project)) {
     if (project.Tree.Contains(key)) continue;
-    findings << (IsTitleSetMenu(key)
-                     ? u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
-                           .arg(key.sliced(2))
-                     : u"There is no menu %1, to which another menu leads."_s.arg(key));
+    findings
+        << (IsTitleSetMenu(key)
+                ? u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
+                      .arg(key.sliced(2))
+                : u"There is no menu %1, to which another menu leads."_s.arg(key));
   }
 }
 
@@ -62,11 +65,13 @@ void FindTooManyButtons(const Project& project, QStringList& findings) {
     const MenuView menu(project.Tree, key);
     const std::vector<ButtonView> buttons = menu.Buttons();
     const auto written = std::ranges::count_if(buttons, &ButtonView::IsWritten);
-    if (!menu.AutoActionButton() || written <= kMostButtonsBesidesAuto) continue;
-    findings << u"Menu %1 (%2) has a button that acts at once and %3 buttons in all; beside such a button dvdauthor allows "
-                u"%4. Please take some out."_s.arg(menu.Name(), key)
+    const bool actsAtOnce = menu.AutoActionButton().has_value();
+    const int limit = kMostButtons / (menu.IsWide(project.Settings) ? 2 : 1) - (actsAtOnce ? kDirections : 0);
+    if (written <= limit) continue;
+    findings << u"Menu %1 (%2) has %3 buttons%4; dvdauthor allows %5. Please take some out."_s.arg(menu.Name(), key)
                     .arg(written)
-                    .arg(kMostButtonsBesidesAuto);
+                    .arg(actsAtOnce ? u", one of which acts at once"_s : QString())
+                    .arg(limit);
   }
 }
 

@@ -12,7 +12,9 @@ namespace {
 
 constexpr qint64 kMillisecondsADay = 86400000;
 
-double RoundedToHundredths(double value) { return RoundHalfEven(value * 100) / 100; }
+double RoundedToHundredths(double value) {
+  return RoundHalfEven(value * 100) / 100;
+}
 
 /// Seconds of "hh:mm:ss".
 double SecondsOf(const QString& time) {
@@ -25,7 +27,9 @@ QString TimeOfDay(qint64 milliseconds) {
          field(milliseconds / 1000 % 60);
 }
 
-int FramesAt30(qint64 milliseconds) { return int(RoundedToHundredths(double(milliseconds) / 1000 * 30)); }
+int FramesAt30(qint64 milliseconds) {
+  return int(RoundedToHundredths(double(milliseconds) / 1000 * 30));
+}
 
 QString NonDropSceneTime(const QString& time) {
   constexpr double kNonDropClock = 1.001001001;

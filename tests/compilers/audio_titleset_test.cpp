@@ -14,14 +14,16 @@ namespace {
 
 using test::WithCrLf;
 
-AudioTitle Track(const QString& file) { return {file, u"Artist"_s, u"Album"_s, u"Title"_s, u"C:\\v\\i.jpg"_s, 0}; }
+AudioTitle Track(const QString& file) {
+  return {file, u"Artist"_s, u"Album"_s, u"Title"_s, u"C:\\v\\i.jpg"_s, 0};
+}
 
 class AudioTitlesetTest : public testing::Test {
  protected:
   AudioTitlesetTest() : project_(test::FixedSettings()) {
     AddDefaultProject(project_);
-    AddAudioTitleSetSubtree(project_, {.Name = u"A"_s, .Titles = {Track(u"C:\\v\\1.ac3"_s), Track(u"C:\\v\\Lied ä.ac3"_s)}},
-                            u"MM"_s, 1);
+    AddAudioTitleSetSubtree(
+        project_, {.Name = u"A"_s, .Titles = {Track(u"C:\\v\\1.ac3"_s), Track(u"C:\\v\\Lied ä.ac3"_s)}}, u"MM"_s, 1);
     AddAudioTitleSetSubtree(project_, {.Name = u"B"_s, .Titles = {Track(u"C:\\v\\3.mp2"_s)}}, u"MM"_s, 2);
   }
   Project project_;
@@ -41,7 +43,8 @@ erase "C:\T\TempAudioMpg\FPA1#01.m2v"
 erase "C:\T\TempAudioMpg\tFPA1#01.mpg"
 "C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 25 -j "C:\T\FPA1#02.png" | "C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 5000 -a 2 -o "C:\T\TempAudioMpg\FPA1#02.m2v"
 "C:\tools\mplex.exe" -M -f 8 -o "C:\T\TempAudioMpg\tFPA1#02.mpg" "C:\T\TempAudioMpg\FPA1#02.m2v" "C:\v\Lied )"
-                                                     "\x84" R"(.ac3"
+                                                      "\x84"
+                                                      R"(.ac3"
 erase "C:\T\TempAudioMpg\FPA1#02.m2v"
 "C:\tools\insnav.exe" -o "C:\T\TempAudioMpg\FPA1#02.mpg" "C:\T\TempAudioMpg\tFPA1#02.mpg"
 erase "C:\T\TempAudioMpg\tFPA1#02.mpg"

@@ -31,7 +31,8 @@ class AuthorXmlTitlesetsTest : public testing::Test, public test::EditBench {
 
   void AddTracks(int count) {
     AudioTitleStore store{.Name = u"Songs"_s, .Titles = {}};
-    for (int i = 1; i <= count; ++i) store.Titles.push_back({u"C:\\v\\%1.ac3"_s.arg(i), u"Artist"_s, u"Album"_s, u"Song"_s, {}, 0});
+    for (int i = 1; i <= count; ++i)
+      store.Titles.push_back({u"C:\\v\\%1.ac3"_s.arg(i), u"Artist"_s, u"Album"_s, u"Song"_s, {}, 0});
     ASSERT_TRUE(AddAudioTitleSet(context, store, {}));
   }
 
@@ -333,8 +334,7 @@ TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPreOfARootMenu) {
       {Chapters, false, false, true, "<pre> { button=1024; } </pre>\r\n"},
       {Chapters, false, true, false, "<pre> { button=1024; " + start + " } </pre>\r\n"},
       {Chapters, true, false, false, "<pre> { if (g3 eq 0) g3=1;button=g3*1024; } </pre>\r\n"},
-      {Chapters, true, true, true,
-       "<pre> { if (g3 eq 0) g3=1;button=g3*1024; " + start + "  else g0=0;} </pre>\r\n"},
+      {Chapters, true, true, true, "<pre> { if (g3 eq 0) g3=1;button=g3*1024; " + start + "  else g0=0;} </pre>\r\n"},
       {AutoButton, true, false, false, "<pre> { button=2048; } </pre>\r\n"},
       {AutoButton, false, true, true, "<pre> { button=2048; " + start + "  else g0=0;} </pre>\r\n"},
   };
@@ -347,7 +347,8 @@ TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPreOfARootMenu) {
     AddFilm(bench.context, {.Name = u"Film1"_s, .VideoFile = u"C:\\v\\1.m2v"_s}, {});
     if (c.playAll) AddPlayAllButton(bench.context, {.position = QPoint(300, 300)});
     if (c.shows != OnlyBack) AddChapterButton(bench.context, 1, {.menu = u"TS1"_s});
-    if (c.shows == AutoButton) SetAutoAction(bench.project, u"TS1"_s, kBackButton, AutoActions{u"a;"_s, u"b;"_s, u"c;"_s, u"d;"_s});
+    if (c.shows == AutoButton)
+      SetAutoAction(bench.project, u"TS1"_s, kBackButton, AutoActions{u"a;"_s, u"b;"_s, u"c;"_s, u"d;"_s});
     const QByteArray text = WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run);
     const qsizetype at = text.indexOf("<pre>", text.indexOf("entry=\"root\""));
     EXPECT_EQ(text.mid(at, c.lines.size()), c.lines);
@@ -364,16 +365,20 @@ TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPostOfATitle) {
       {false, false, false, true, "call vmgm menu 1;", "call vmgm menu 1;"},
       {false, false, false, false, "call menu;", "call vmgm menu 1;"},
       {true, false, false, false, "{ g1=1;g2=2;call vmgm menu 2;}", "call vmgm menu;"},
-      {false, true, true, false, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call vmgm menu 1; } ", "call vmgm menu;"},
-      {true, true, false, true, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call vmgm menu 1; } ", "call vmgm menu;"},
-      {false, true, false, false, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call menu; } ", "call vmgm menu;"},
+      {false, true, true, false, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call vmgm menu 1; } ",
+       "call vmgm menu;"},
+      {true, true, false, true, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call vmgm menu 1; } ",
+       "call vmgm menu;"},
+      {false, true, false, false, " { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 2;} else call menu; } ",
+       "call vmgm menu;"},
   };
   for (const Case& c : cases) {
     test::EditBench bench(test::TitleSetSettings());
     Settings& settings = bench.project.Settings;
     settings.GoNextTitle = c.goNext;
     settings.PostGoMain = c.postGoMain;
-    for (int film = 1; film <= 2; ++film) AddFilm(bench.context, {.Name = u"Film"_s, .VideoFile = u"C:\\v\\1.m2v"_s}, {});
+    for (int film = 1; film <= 2; ++film)
+      AddFilm(bench.context, {.Name = u"Film"_s, .VideoFile = u"C:\\v\\1.m2v"_s}, {});
     if (c.playAll) AddPlayAllButton(bench.context, {.position = QPoint(300, 300)});
     if (!c.onlyBack) AddChapterButton(bench.context, 1, {.menu = u"TS1"_s});
     EXPECT_EQ(LinesWith(WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run), "<post>"),
@@ -435,12 +440,11 @@ TEST_F(AuthorXmlTitlesetsTest, TheSyntaxCheckNamesTestFilesInTheRootMenus) {
   project.Settings.IntroMovie = u"C:\\v\\intro.mpg"_s;
   ASSERT_TRUE(AddMenu(context, {}, {.menu = u"TS1"_s}));
   EXPECT_EQ(LinesWith(Text(AuthorMode::SyntaxCheck), ".mpg"),
-            (QList<QByteArray>{"<vob file=\"C:\\T\\MMtest.mpg\" pause=\"inf\"/>",
-                               "<vob file=\"C:\\T\\TS1test.mpg\" pause=\"inf\"/>",
-                               "<vob file=\"C:\\T\\SM1Menu.mpg\" pause=\"inf\"/>",
-                               "<vob file=\"C:\\T\\Film1.mpg\" chapters=\"00:00:00.000\"/>",
-                               "<vob file=\"C:\\T\\Emptytest.mpg\" />",
-                               "<vob file=\"C:\\v\\intro.mpg\" chapters=\"00:00:00.00\"/>"}));
+            (QList<QByteArray>{
+                "<vob file=\"C:\\T\\MMtest.mpg\" pause=\"inf\"/>", "<vob file=\"C:\\T\\TS1test.mpg\" pause=\"inf\"/>",
+                "<vob file=\"C:\\T\\SM1Menu.mpg\" pause=\"inf\"/>",
+                "<vob file=\"C:\\T\\Film1.mpg\" chapters=\"00:00:00.000\"/>", "<vob file=\"C:\\T\\Emptytest.mpg\" />",
+                "<vob file=\"C:\\v\\intro.mpg\" chapters=\"00:00:00.00\"/>"}));
 }
 
 TEST_F(AuthorXmlTitlesetsTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include "core/audio_title_set.h"
 #include "platform/host_files.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
@@ -39,12 +40,13 @@ TEST_F(DiscChecksTest, AnOldDiscGoesOnlyWhenTheUserAgrees) {
   test::RecordingPrompter refuses({Answer::Cancel});
   EXPECT_FALSE(ClearVideoTs(project_, OldDisc::RemoveTree, refuses));
   EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
-  EXPECT_EQ(refuses.boxes,
-            (std::vector<Box>{{.kind = BoxKind::Question,
-                               .buttons = BoxButtons::OkCancel,
-                               .text = u"The VIDEO_TS folder contains files; these should be deleted before a new DVD is "
-                                       u"created. Shall Torvane try to delete the files?"_s,
-                               .title = u"Delete (old) VIDEO_TS folder"_s}}));
+  EXPECT_EQ(
+      refuses.boxes,
+      (std::vector<Box>{{.kind = BoxKind::Question,
+                         .buttons = BoxButtons::OkCancel,
+                         .text = u"The VIDEO_TS folder contains files; these should be deleted before a new DVD is "
+                                 u"created. Shall Torvane try to delete the files?"_s,
+                         .title = u"Delete (old) VIDEO_TS folder"_s}}));
   test::RecordingPrompter agrees({Answer::Ok, Answer::Ok});
   EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveFiles, agrees));
   EXPECT_FALSE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
@@ -106,12 +108,14 @@ TEST_F(DiscChecksTest, LoopingMenusWithoutMotionAreNamed) {
   EXPECT_FALSE(CheckLoopingMenus(project_, prompter));
   ASSERT_EQ(prompter.boxes.size(), 1U);
   // The submenu holds its Back button only.
-  EXPECT_EQ(prompter.boxes[0].text,
-            u"The following menus are designed as looping, but do not contain any animated elements:\r\nMainMenu\r\n\r\n"
-            u"This is usually not indended as it results in a strange behavior of highlighting.\r\nContinue?"_s);
+  EXPECT_EQ(
+      prompter.boxes[0].text,
+      u"The following menus are designed as looping, but do not contain any animated elements:\r\nMainMenu\r\n\r\n"
+      u"This is usually not indended as it results in a strange behavior of highlighting.\r\nContinue?"_s);
   EXPECT_EQ(prompter.boxes[0].preselected, Answer::No);
 
-  for (const QString& moving : {u"MMBGAudio|Audio=C:\\a.ac3"_s, u"MMBGAni|Animation=C:\\a.m2v"_s, u"MMBGTrans|Transition=1"_s}) {
+  for (const QString& moving :
+       {u"MMBGAudio|Audio=C:\\a.ac3"_s, u"MMBGAni|Animation=C:\\a.m2v"_s, u"MMBGTrans|Transition=1"_s}) {
     test::AddNode(project_, u"MMBG"_s, moving);
     EXPECT_TRUE(CheckLoopingMenus(project_, prompter)) << moving.toStdString();
     project_.Tree.Remove(moving.section(u'|', 0, 0));
@@ -142,6 +146,23 @@ TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {
   EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
   ASSERT_EQ(prompter.boxes.size(), 1U);
   EXPECT_TRUE(prompter.boxes[0].text.contains(u"Films 1 and 2"));
+}
+
+TEST_F(DiscChecksTest, SourcesThatTheVideoBatchWouldLoseAreRefused) {
+  project_.Settings.AutoDelete = false;
+  const QString song = u"C:\\T\\TempAudioMpg\\song.ac3"_s;
+  const QString image = u"C:\\T\\FPA3#02.png"_s;
+  AddAudioTitleSetSubtree(
+      project_, {.Name = u"Songs"_s, .Titles = {{song, {}, {}, {}, image, 0}, {u"C:\\v\\2.ac3"_s, {}, {}, {}, {}, 0}}},
+      u"MM"_s, 3);
+  test::RecordingPrompter prompter;
+  EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
+  ASSERT_EQ(prompter.boxes.size(), 1U);
+  const QStringList lines = prompter.boxes[0].text.split(u"\r\n"_s);
+  ASSERT_EQ(lines.size(), 2);
+  EXPECT_TRUE(
+      lines[0].startsWith(u"The file " + image + u" is a source of the project and would be overwritten when film 3"));
+  EXPECT_TRUE(lines[1].startsWith(u"The file " + song + u" is a source of the project and lies in a folder"));
 }
 
 TEST_F(DiscChecksTest, TextsThatBreakOutOfABatchLineAreRefused) {

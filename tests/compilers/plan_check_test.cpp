@@ -39,9 +39,11 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
   };
   const QString songs = u"Film 2 (Songs)"_s;
   const auto addTracks = [](test::EditBench& bench, int count, const QString& type) {
-    AddAudioTitleSet(bench.context, {.Name = u"More"_s,
-                                     .Titles = std::vector<AudioTitle>(std::size_t(count), Track(u"C:\\1.ac3"_s)),
-                                     .AudioTSLayoutType = type}, {});
+    AddAudioTitleSet(bench.context,
+                     {.Name = u"More"_s,
+                      .Titles = std::vector<AudioTitle>(std::size_t(count), Track(u"C:\\1.ac3"_s)),
+                      .AudioTSLayoutType = type},
+                     {});
   };
   const auto addFilms = [](test::EditBench& bench, int count) {
     for (int film = bench.project.FilmCount + 1; film <= count; ++film) {
@@ -86,21 +88,28 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
          bench.project.Settings.NoMenus = true;
          addFilms(bench, 64);
        },
-       {u"A disc without menus can hold 63 titlesets with dvdauthor; this one would have 64. Please switch titlesets off "
+       {u"A disc without menus can hold 63 titlesets with dvdauthor; this one would have 64. Please switch titlesets "
+        u"off "
         u"or take films out."_s}},
       {[](test::EditBench& bench) {
          for (int i = 0; i < 32; ++i) AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {.menu = u"TS1"_s});
          SetAutoAction(bench.project, u"TS1"_s, 1, AutoActions{u"l"_s, u"r"_s, u"u"_s, u"d"_s});
        },
-       {u"Menu TitleSet1Menu (TS1) has a button that acts at once and 33 buttons in all; beside such a button dvdauthor "
-        u"allows 32. Please take some out."_s}},
+       {u"Menu TitleSet1Menu (TS1) has 33 buttons, one of which acts at once; dvdauthor allows 32. Please take some "
+        u"out."_s}},
+      {[](test::EditBench& bench) {
+         for (int i = 0; i < 18; ++i) AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {.menu = u"TS1"_s});
+         bench.project.Settings.DefMenuRatio = true;
+       },
+       {u"Menu TitleSet1Menu (TS1) has 19 buttons; dvdauthor allows 18. Please take some out."_s}},
   };
   for (const Case& c : cases) {
     test::EditBench bench(test::TitleSetSettings());
     AddFilm(bench.context, {.Name = u"Film"_s, .VideoFile = u"C:\\a.m2v"_s}, {});
-    AddAudioTitleSet(bench.context, {.Name = u"Songs"_s,
-                                     .Titles = {Track(u"C:\\1.ac3"_s), Track(u"C:\\2.ac3"_s)},
-                                     .AudioTSLayoutType = u"1"_s}, {});
+    AddAudioTitleSet(
+        bench.context,
+        {.Name = u"Songs"_s, .Titles = {Track(u"C:\\1.ac3"_s), Track(u"C:\\2.ac3"_s)}, .AudioTSLayoutType = u"1"_s},
+        {});
     c.change(bench);
     EXPECT_EQ(PlanFindings(bench.project), c.findings);
   }

@@ -100,7 +100,8 @@ TEST(RandomProjectTest, CompilesAndIsUnderstood) {
     ASSERT_TRUE(text);
     workshop.project = ProjectText(*text);
     const CliResult result = workshop.Run(u"check"_s);
-    EXPECT_EQ(result.exitCode, 0) << result.messages.toStdString() << result.output.toStdString() << author.toStdString();
+    EXPECT_EQ(result.exitCode, 0) << result.messages.toStdString() << result.output.toStdString()
+                                  << author.toStdString();
   }
   EXPECT_GT(compiled, kProjects * 3 / 4);
   EXPECT_EQ(checked, kChecked);

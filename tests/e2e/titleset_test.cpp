@@ -13,6 +13,7 @@
 #include "designer/edit_elements.h"
 #include "designer/edit_films.h"
 #include "designer/edit_menus.h"
+#include "designer/element_nodes.h"
 #include "dvd_player.h"
 #include "platform/host_files.h"
 #include "support/edit_bench.h"
@@ -25,25 +26,42 @@ namespace {
 
 using Domain = DiscPlace::Domain;
 
-constexpr double oneFrame = 1.0 / 25;
 constexpr double tolerance = 0.5;
 
 /// A project that is made by the program's own editing operations in a workshop's folder.
 class TitlesetDisc {
  public:
-  explicit TitlesetDisc(const Settings& settings = TitleSetSettings()) : bench(settings) {
+  /// An intro, if the settings want one, is the first film of the sample.
+  explicit TitlesetDisc(const Settings& settings = TitleSetSettings())
+      : workshop(settings.VideoNormPal ? Norm::Pal : Norm::Ntsc), bench(WithIntro(settings)) {
     bench.project.Settings.TextButtons = 1;
   }
 
   QString PathOf(const QString& name) const { return HostFiles::FromUser(workshop.Dir() + u'/' + name); }
 
+  /// A film of one second that needs no preparation.
+  void AddShortFilm() {
+    const QString file = workshop.Dir() + u"/short.mpg"_s;
+    if (!QFile::exists(file)) {
+      QProcess ffmpeg;
+      ffmpeg.start(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-nostdin"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
+                                 u"testsrc2=size=352x288:rate=25:duration=1"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
+                                 u"sine=sample_rate=48000:duration=1"_s, u"-target"_s, u"pal-dvd"_s, file});
+      ASSERT_TRUE(ffmpeg.waitForFinished() && ffmpeg.exitCode() == 0) << ffmpeg.readAllStandardError().toStdString();
+    }
+    const int number = bench.project.FilmCount;
+    FilmRecord film{.Name = u"short%1"_s.arg(number + 1), .VideoFile = HostFiles::FromUser(file)};
+    film.FilmMux = 0;
+    ASSERT_TRUE(AddFilm(bench.context, film, {.position = QPoint(20 + number % 6 * 110, 20 + number / 6 * 40)}));
+  }
+
   void AddSampleFilm(int number, const QPoint& position) {
     const QString stem = u"film%1"_s.arg(number);
     const ProjectText& sample = workshop.project;
     FilmRecord film{.Name = stem, .VideoFile = PathOf(stem + u".m2v"), .SizeMB = 10};
-    film.FPS = 25;
+    film.FPS = sample.Value(u"FPVFps1"_s).toDouble();
     film.ResH = 720;
-    film.ResV = 576;
+    film.ResV = sample.Value(u"FPVResV1"_s).toInt();
     film.Audio[0] = PathOf(stem + u".ac3");
     film.Chapters = sample.Value(u"FPCH%1"_s.arg(number));
     ASSERT_TRUE(AddFilm(bench.context, film, {.position = position}));
@@ -56,13 +74,13 @@ class TitlesetDisc {
     for (std::size_t i = 0; i < seconds.size(); ++i) {
       const QString file = u"track%1."_s.arg(i + 1) + ending;
       QProcess ffmpeg;
-      ffmpeg.start(u"ffmpeg"_s,
-                   {u"-v"_s, u"error"_s, u"-nostdin"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                    u"sine=frequency=%1:sample_rate=48000:duration=%2"_s.arg(300 + 50 * i).arg(seconds[i]), u"-ac"_s,
-                    u"2"_s, u"-b:a"_s, u"192k"_s, workshop.Dir() + u'/' + file});
+      ffmpeg.start(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-nostdin"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
+                                 u"sine=frequency=%1:sample_rate=48000:duration=%2"_s.arg(300 + 50 * i).arg(seconds[i]),
+                                 u"-ac"_s, u"2"_s, u"-b:a"_s, u"192k"_s, workshop.Dir() + u'/' + file});
       ASSERT_TRUE(ffmpeg.waitForFinished() && ffmpeg.exitCode() == 0) << ffmpeg.readAllStandardError().toStdString();
       store.Titles.push_back({PathOf(file), u"Artist %1"_s.arg(i + 1), u"The album"_s,
-                              QString(u"Song number "_s + QString(5, QChar(u'1' + char16_t(i)))), PathOf(u"background.png"_s), 0});
+                              QString(u"Song number "_s + QString(5, QChar(u'1' + char16_t(i)))),
+                              PathOf(u"background.png"_s), 0});
       trackSeconds.push_back(double(QFileInfo(workshop.Dir() + u'/' + file).size()) * 8 / 192000);
     }
     store.Layout = {.Author = {.Font = {.Size = 24}, .Color = 0xFFFFFF, .XPos = 60, .YPos = 100},
@@ -75,7 +93,8 @@ class TitlesetDisc {
   void Build() {
     for (const ProjectNode* root = bench.project.Tree.FirstRoot(); root; root = root->Next()) {
       const QString path = root->Key() + u"BGPath";
-      if (bench.project.Tree.Contains(path)) bench.project.Tree.SetCaption(path, u"Image="_s + PathOf(u"background.png"_s));
+      if (bench.project.Tree.Contains(path))
+        bench.project.Tree.SetCaption(path, u"Image="_s + PathOf(u"background.png"_s));
     }
     const Result<QByteArray> text = ProjectFileText(bench.project);
     ASSERT_TRUE(text);
@@ -92,6 +111,12 @@ class TitlesetDisc {
 
   std::string Complaints() const { return player->Complaints().join(u'\n').toStdString(); }
 
+  Settings WithIntro(Settings settings) const {
+    settings.IntroMovie = PathOf(u"film1.m2v"_s);
+    settings.IntroAudio = PathOf(u"film1.ac3"_s);
+    return settings;
+  }
+
   Workshop workshop;
   EditBench bench;
   std::vector<double> trackSeconds;  ///< as the bit rate tells them
@@ -101,14 +126,16 @@ class TitlesetDisc {
 /// The first picture of a program stream as the brightness of its pixels.
 QImage FirstPicture(const QByteArray& stream) {
   QProcess ffmpeg;
-  ffmpeg.start(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-f"_s, u"mpeg"_s, u"-i"_s, u"-"_s, u"-frames:v"_s, u"1"_s, u"-f"_s,
-                             u"rawvideo"_s, u"-pix_fmt"_s, u"gray"_s, u"-vf"_s, u"scale=in_range=tv:out_range=pc"_s, u"-"_s});
+  ffmpeg.start(u"ffmpeg"_s,
+               {u"-v"_s, u"error"_s, u"-f"_s, u"mpeg"_s, u"-i"_s, u"-"_s, u"-frames:v"_s, u"1"_s, u"-f"_s,
+                u"rawvideo"_s, u"-pix_fmt"_s, u"gray"_s, u"-vf"_s, u"scale=in_range=tv:out_range=pc"_s, u"-"_s});
   ffmpeg.write(stream);
   ffmpeg.closeWriteChannel();
   EXPECT_TRUE(ffmpeg.waitForFinished());
   const QByteArray pixels = ffmpeg.readAllStandardOutput();
-  if (pixels.size() != 720 * 576) return {};
-  return QImage(reinterpret_cast<const uchar*>(pixels.constData()), 720, 576, 720, QImage::Format_Grayscale8).copy();
+  return QImage(reinterpret_cast<const uchar*>(pixels.constData()), 720, int(pixels.size() / 720), 720,
+                QImage::Format_Grayscale8)
+      .copy();
 }
 
 /// Mean distance of the brightness of two pictures, 0 to 255.
@@ -175,7 +202,8 @@ TEST(TitlesetDiscTest, EveryButtonLeadsWhereItSays) {
   ASSERT_EQ(player.Buttons().size(), 5u);
   for (const int chapter : {1, 2, 3}) {
     ASSERT_EQ(player.Press(chapter), DiscPlace::Chapter(1, chapter)) << disc.Complaints();
-    EXPECT_NEAR(player.PlayToEnd().seconds, 24 - disc.workshop.project.ChapterStarts(1)[std::size_t(chapter - 1)], tolerance);
+    EXPECT_NEAR(player.PlayToEnd().seconds, 24 - disc.workshop.project.ChapterStarts(1)[std::size_t(chapter - 1)],
+                tolerance);
     ASSERT_EQ(player.Settle(), DiscPlace::Menu(1)) << disc.Complaints();
     ASSERT_EQ(player.Press(film1).domain, Domain::TitlesetMenu);
   }
@@ -213,19 +241,91 @@ TEST(TitlesetDiscTest, WithoutMenusTheFilmsFollowEachOther) {
   EXPECT_EQ(disc.player->Settle(), DiscPlace());
 }
 
+TEST(TitlesetDiscTest, AnIntroComesFirstAndAllFilmsPlayFromOneButton) {
+  Settings settings = TitleSetSettings();
+  settings.UseIntro = settings.NoShowTitleSetMenu = true;
+  settings.PostGoMain = false;
+  TitlesetDisc disc(settings);
+  disc.AddShortFilm();
+  disc.AddShortFilm();
+  ASSERT_TRUE(AddPlayAllButton(disc.bench.context, {.position = QPoint(60, 240)}));
+  ASSERT_TRUE(AddChapterButton(disc.bench.context, 1, {.menu = u"TS1"_s, .position = QPoint(60, 60)}));
+  disc.Build();
+  DvdPlayer& player = *disc.player;
+  ASSERT_EQ(player.Settle(), DiscPlace::Chapter(3, 1)) << disc.Complaints();
+  EXPECT_NEAR(player.PlayToEnd().seconds, 24, tolerance);
+  ASSERT_EQ(player.Settle().domain, Domain::VmgmMenu) << disc.Complaints();
+  // The menu of the first film is skipped on the way to it, and shown when it has ended.
+  ASSERT_EQ(player.Press(1), DiscPlace::Chapter(1, 1));
+  player.PlayToEnd();
+  ASSERT_EQ(player.Settle().domain, Domain::TitlesetMenu) << disc.Complaints();
+  ASSERT_EQ(player.Buttons().size(), 2u);
+  ASSERT_EQ(player.Press(2).domain, Domain::VmgmMenu);
+  ASSERT_EQ(player.Press(3), DiscPlace::Chapter(1, 1)) << disc.Complaints();
+  ASSERT_EQ(player.PlayToEnd().next, DiscPlace::Chapter(2, 1)) << disc.Complaints();
+  player.PlayToEnd();
+  EXPECT_EQ(player.Settle().domain, Domain::VmgmMenu) << disc.Complaints();
+}
+
+TEST(TitlesetDiscTest, AChainThatNeedsASecondJumpPgcPlaysThrough) {
+  constexpr int films = 27;
+  Settings settings = TitleSetSettings();
+  settings.GoNextTitle = true;
+  TitlesetDisc disc(settings);
+  for (int film = 1; film <= films; ++film) disc.AddShortFilm();
+  disc.Build();
+  ASSERT_EQ(disc.player->Settle().domain, Domain::VmgmMenu) << disc.Complaints();
+  ASSERT_EQ(disc.player->Press(1), DiscPlace::Chapter(1, 1));
+  for (int film = 1; film < films; ++film) {
+    ASSERT_EQ(disc.player->PlayToEnd().next, DiscPlace::Chapter(film + 1, 1)) << disc.Complaints();
+  }
+  disc.player->PlayToEnd();
+  EXPECT_EQ(disc.player->Settle(), DiscPlace::Menu(1));
+}
+
+TEST(TitlesetDiscTest, AnArrowKeyActsAtOnceInASwitchedMenu) {
+  constexpr int buttons = 32;  // with the Back button; the four directions fill the rest of 36
+  TitlesetDisc disc;
+  Project& project = disc.bench.project;
+  disc.AddShortFilm();
+  disc.AddShortFilm();
+  for (int i = 1; i < buttons; ++i) {
+    ASSERT_TRUE(AddFreeButton(disc.bench.context, u"x"_s, u"jump title 1;"_s,
+                              {.menu = u"TS1"_s, .position = QPoint(20 + i % 8 * 80, 20 + i / 8 * 60)}));
+  }
+  ASSERT_TRUE(SetAutoAction(
+      project, u"TS1"_s, 2,
+      AutoActions{u"jump vmgm menu 1;"_s, u"jump title 1;"_s, u"jump vmgm menu 1;"_s, u"jump title 1;"_s}));
+  disc.Build();
+  DvdPlayer& player = *disc.player;
+  player.Settle();
+  ASSERT_EQ(player.Press(1).domain, Domain::TitlesetMenu) << disc.Complaints();
+  ASSERT_EQ(player.Buttons().size(), std::size_t(buttons) + 4);
+  EXPECT_EQ(player.LitButton(), 2);
+  player.PressDown();
+  EXPECT_EQ(player.Settle(), DiscPlace::Chapter(1, 1)) << disc.Complaints();
+}
+
 /// Sound files of a kind, one title or one a track.
 struct Songs {
   const char* ending;
   const char* layoutType;
+  bool ntscWide;
 };
 
 class SongsTest : public testing::TestWithParam<Songs> {};
 
 TEST_P(SongsTest, PlayThroughUnderTheirSlides) {
-  const auto [ending, layoutType] = GetParam();
+  const auto [ending, layoutType, ntscWide] = GetParam();
+  const double oneFrame = ntscWide ? 1001.0 / 30000 : 1.0 / 25;
   const bool oneTitle = layoutType == std::string("1");
   Settings settings = TitleSetSettings();
   settings.PostGoMain = true;
+  if (ntscWide) {
+    settings.VideoNormPal = false;
+    settings.VideoHeight = 480;
+    settings.DefMenuRatio = true;
+  }
   TitlesetDisc disc(settings);
   disc.AddSampleFilm(1, {60, 60});
   disc.AddSongs({4, 2.72, 6.6, 3.344, 5}, QString::fromLatin1(ending), QString::fromLatin1(layoutType), {60, 120});
@@ -249,8 +349,10 @@ TEST_P(SongsTest, PlayThroughUnderTheirSlides) {
     double start = 0;
     for (int track = 1; track <= tracks; ++track) {
       EXPECT_NEAR(played.chapterStarts[std::size_t(track - 1)], start, oneFrame) << "track " << track;
-      start += disc.trackSeconds[std::size_t(track - 1)];
-      EXPECT_NEAR(announced[std::size_t(track - 1)], start, oneFrame) << "track " << track;
+      const double length = disc.trackSeconds[std::size_t(track - 1)];
+      const double announcedStart = track == 1 ? 0 : announced[std::size_t(track - 2)];
+      EXPECT_NEAR(announced[std::size_t(track - 1)] - announcedStart, length, oneFrame) << "track " << track;
+      start += length;
       ExpectSlide(disc, 2, track, played.chapterVideo[std::size_t(track - 1)]);
     }
     EXPECT_NEAR(played.seconds, start, oneFrame);
@@ -268,9 +370,13 @@ TEST_P(SongsTest, PlayThroughUnderTheirSlides) {
   EXPECT_EQ(player.Settle(), DiscPlace::Menu(1)) << disc.Complaints();
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, SongsTest, testing::Values(Songs{"ac3", "1"}, Songs{"mp2", "1"}, Songs{"ac3", "0"}),
+INSTANTIATE_TEST_SUITE_P(Kinds, SongsTest,
+                         testing::Values(Songs{"ac3", "1", false}, Songs{"mp2", "1", false}, Songs{"ac3", "0", false},
+                                         Songs{"mp2", "0", true}, Songs{"ac3", "1", true}),
                          [](const auto& which) {
-                           return std::string(which.param.ending) + (which.param.layoutType[0] == '1' ? "Chapters" : "Titles");
+                           const Songs& songs = which.param;
+                           return std::string(songs.ending) + (songs.layoutType[0] == '1' ? "Chapters" : "Titles") +
+                                  (songs.ntscWide ? "NtscWide" : "");
                          });
 
 }  // namespace

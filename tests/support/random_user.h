@@ -34,7 +34,8 @@ class RandomUser {
         AddFilm(c, AnyFilm(), place);
         break;
       case 2:
-        AddAudioTitleSet(c, {.Name = QStringLiteral("Songs"), .Titles = std::vector<AudioTitle>(std::size_t(Below(4)))}, place);
+        AddAudioTitleSet(c, {.Name = QStringLiteral("Songs"), .Titles = std::vector<AudioTitle>(std::size_t(Below(4)))},
+                         place);
         break;
       case 3:
         AddPlayList(c, {.Film = 1 + Below(4), .List = QStringLiteral("01")}, place);
@@ -47,7 +48,8 @@ class RandomUser {
         AddChapterButton(c, 1 + Below(3), place);
         break;
       case 7:
-        AddFreeButton(c, QStringLiteral("Button\nhere"), Below(2) == 0 ? QStringLiteral("") : QStringLiteral("exit;"), place);
+        AddFreeButton(c, QStringLiteral("Button\nhere"), Below(2) == 0 ? QStringLiteral("") : QStringLiteral("exit;"),
+                      place);
         break;
       case 8:
         AddPlayAllButton(c, place);
