@@ -159,13 +159,12 @@ class TitleOptions {
   }
 
   bool TakeCommands(VideoTitle& title) {
-    const Settings& settings = context_.project.Settings;
     if (Has(u"--pre"_s) || Has(u"--post"_s)) {
-      if (!settings.AdvancedMode) return Refuse(u"--pre and --post are for projects made with AdvancedMode=1."_s);
+      if (!title.Labels().ActionsEnabled) return Refuse(u"--pre and --post are for projects made with AdvancedMode=1."_s);
       title.SetActions(line_.Option(u"--pre"_s), line_.Option(u"--post"_s), {});
     }
     title.Fields.Animated = line_.HasFlag(u"--animated"_s);
-    return !title.Fields.Animated || settings.AnimatedMainMenu ||
+    return !title.Fields.Animated || title.Labels().AnimatedEnabled ||
            Refuse(u"--animated is for projects with animated menus."_s);
   }
 
@@ -207,6 +206,7 @@ bool AddTitleOf(const CommandLine& line, EditContext& context, const ElementPlac
 }
 
 bool AddAudioTitleSetOf(const CommandLine& line, EditContext& context, const ElementPlace& place) {
+  if (!CheckAudioTitleSetPlace(context, place)) return false;
   const Settings& settings = context.project.Settings;
   AudioTitleList list(settings, context.prompter);
   AudioTitleFields& fields = list.Fields;

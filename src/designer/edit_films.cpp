@@ -163,14 +163,18 @@ bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& p
   return true;
 }
 
-bool AddAudioTitleSet(EditContext& context, const AudioTitleStore& store, const ElementPlace& place) {
-  Project& project = context.project;
+bool CheckAudioTitleSetPlace(EditContext& context, const ElementPlace& place) {
   if (!CheckMainMenu(context, place.menu, u"Audio Titlesets"_s)) return false;
-  if (project.Settings.NoTitleSets) {
+  if (context.project.Settings.NoTitleSets) {
     context.prompter.Inform(GetMessage(192));
     return false;
   }
-  if (!CheckFilmLimit(context) || !CheckButton(context, place)) return false;
+  return CheckFilmLimit(context) && CheckButton(context, place);
+}
+
+bool AddAudioTitleSet(EditContext& context, const AudioTitleStore& store, const ElementPlace& place) {
+  Project& project = context.project;
+  if (!CheckAudioTitleSetPlace(context, place)) return false;
   if (store.Titles.empty() || store.Titles.size() > kMaxAudioTitles) {
     context.prompter.Inform(GetMessage(store.Titles.empty() ? 676 : 674));
     return false;

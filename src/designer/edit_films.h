@@ -18,6 +18,7 @@ bool CheckFilmPlace(EditContext& context, const ElementPlace& place);
 bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& place);
 
 /// The same for an audio titleset; without titlesets there is none (message 192).
+bool CheckAudioTitleSetPlace(EditContext& context, const ElementPlace& place);
 bool AddAudioTitleSet(EditContext& context, const AudioTitleStore& store, const ElementPlace& place);
 
 /// Adds a playlist of an existing film with its button. MuxMan alone knows playlists. The number is chosen here.

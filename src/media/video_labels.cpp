@@ -60,6 +60,8 @@ VideoLabels UpdateVideoLabels(const FilmRecord& film, const Settings& settings) 
     labels.ResV.Red = isMuxMan && !IsOneOf(film.ResV, {576, 480, 288, 240});
     labels.ShrinkEnabled = film.MpegVersion == u"2";
   }
+  labels.AnimatedEnabled = settings.AnimatedMainMenu;
+  labels.ActionsEnabled = settings.AdvancedMode;
   labels.FPS.Red = settings.VideoNormPal != (film.FPS == kPalRate);
   if (labels.FPS.Red) labels.FpsToolTip = GetMessage(428, {{u"|1", NormName(settings)}});
   return labels;

@@ -38,6 +38,8 @@ struct VideoLabels {
   Label NavPacks = {};              ///< "Yes" or "No", of a multiplexed video only; red for "No"
   bool AddStreamEnabled = false;    ///< number of subtitle streams that the file has inside
   bool ShrinkEnabled = false;       ///< shrink target and factor
+  bool AnimatedEnabled = false;     ///< the animated button
+  bool ActionsEnabled = false;      ///< commands of the title
   bool operator==(const VideoLabels&) const = default;
 };
 

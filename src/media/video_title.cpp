@@ -68,9 +68,10 @@ void VideoTitle::Open(const QString& chapterFile) {
             .AudioDelay = QString::number(film_.AudioDelay),
             .Chapters = film_.Chapters,
             .AutoStartSubs = film_.AutoStartSubs,
-            .Animated = film_.Animated != 0 && project_.Settings.AnimatedMainMenu};
+            .Animated = film_.Animated != 0};
   ShowVideo();
-  DetectAudioFiles(HostFiles::FileExists(FullPath(Fields.Audio.front())));
+  Fields.Animated = Fields.Animated && labels_.AnimatedEnabled;
+  DetectAudioFiles(!Fields.Audio.front().isEmpty());
   if (!chapterFile.isEmpty()) {
     const auto chapters = LoadChapterList(chapterFile, FPS(), prompter_);
     if (!chapters) prompter_.Fail(chapters.Error());

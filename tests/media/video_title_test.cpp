@@ -143,7 +143,8 @@ TEST_F(VideoTitleTest, AMultiplexedVideoClosesFields) {
                                          .MBSize = u"1,000MB"_s,
                                          .Duration = u"01:00:00.00"_s,
                                          .NavPacks = {u"No"_s, true},
-                                         .AddStreamEnabled = true}));
+                                         .AddStreamEnabled = true,
+                                         .ActionsEnabled = true}));
   EXPECT_EQ(title.TotalSize(), 1000);
   EXPECT_FALSE(title.Accept());
   const std::optional<FilmRecord> accepted = title.Accept();
@@ -235,6 +236,23 @@ TEST_F(VideoTitleTest, AcceptStopsAtTheFirstFault) {
     EXPECT_TRUE(title.Accept());
     EXPECT_FALSE(Told().contains(rate));
   }
+}
+
+TEST_F(VideoTitleTest, SoundIsLookedForOnlyWhereThereIsNone) {
+  Put(u"C:\\a.mp2"_s, Bytes({0xFF, 0xFD, 0xA4, 0}));
+  Put(u"C:\\A.MPA"_s, Bytes({0xFF, 0xFD, 0xA0, 0}));
+  FilmRecord film = LongFilm();
+  film.Audio = {u"C:\\gone.ac3"_s, u"A.MPA"_s, QString()};
+  VideoTitle stored(project_, film, prompter_);
+  stored.Open();
+  EXPECT_EQ(stored.AudioInfoLine(1), Label());
+  EXPECT_EQ(stored.AudioInfoLine(2), (Label{u"Info: Bitrate=192  Sampl.Freq=44100  Duration=00:00:00.000  Size=0MB"_s, true}));
+  EXPECT_EQ(stored.Accept()->Audio, (std::array<QString, 3>{u"C:\\gone.ac3"_s, u"C:\\A.MPA"_s, QString()}));
+
+  film.Audio = {};
+  VideoTitle silent(project_, film, prompter_);
+  silent.Open();
+  EXPECT_EQ(silent.Fields.Audio.front(), u"C:\\a.mp2");
 }
 
 TEST_F(VideoTitleTest, ShrinkTargets) {
