@@ -23,7 +23,7 @@ namespace {
 
 constexpr QStringView kPlaceOptions = u"--menu --at --style -o";
 
-constexpr std::array<CommandHelp, 15> kCommands{{
+constexpr std::array<CommandHelp, 16> kCommands{{
     {u"add-title",
      u"P.tvn VIDEO [--audio FILE]... [--sub FILE [--sub-format F]]... [--languages A1,A2,A3,S1,S2,S3] [--palette FILE] "
      u"[--start-sub] [--chapters LIST | --chapter-file FILE] [--name NAME] [--delay MS] [--shrink MB] [--inner-subs N] "
@@ -33,6 +33,14 @@ constexpr std::array<CommandHelp, 15> kCommands{{
      u"torvane-cli add-title holiday.tvn sea.m2v --sub sea.srt --languages EN,,,EN --chapters 0:00,5:30,12:00", 2, 2,
      u"--audio --sub --sub-format --languages --palette --chapters --chapter-file --name --delay --shrink --inner-subs "
      u"--pre --post --menu --at --style -o",
+     u"--start-sub --animated"},
+    {u"edit-title",
+     u"P.tvn FILM [--video FILE] [the options of add-title but for its place] [-o OUT.tvn]",
+     u"Changes what the options name of a film, given by its number; an empty --audio or --sub clears its stream, an "
+     u"empty --palette restores the standard colours, and --video starts over with another video.",
+     u"torvane-cli edit-title holiday.tvn 1 --chapters 0:00,5:30,12:00 --delay -40", 2, 2,
+     u"--video --audio --sub --sub-format --languages --palette --chapters --chapter-file --name --delay --shrink "
+     u"--inner-subs --pre --post -o",
      u"--start-sub --animated"},
     {u"add-audio-titleset",
      u"P.tvn FILE... [--name NAME] [--artist TEXT] [--album TEXT] [--image FILE] [--pattern [--add-track]] "
@@ -107,6 +115,7 @@ class EditCommand {
   bool Run() {
     static const std::map<QString, bool (EditCommand::*)()> commands{
         {u"add-title"_s, &EditCommand::AddTitle},
+        {u"edit-title"_s, &EditCommand::EditTitle},
         {u"add-audio-titleset"_s, &EditCommand::AddSongs},
         {u"add-menu"_s, &EditCommand::AddSubMenu},
         {u"add-button"_s, &EditCommand::AddButton},
@@ -163,6 +172,7 @@ class EditCommand {
   }
 
   bool AddTitle() { return AddTitleOf(line_, context_, place_); }
+  bool EditTitle() { return EditTitleOf(line_, context_); }
   bool AddSongs() { return AddAudioTitleSetOf(line_, context_, place_); }
 
   bool AddSubMenu() {

@@ -4,6 +4,7 @@
 
 #include "cli/media_commands.h"
 #include "core/action_strings.h"
+#include "core/film_view.h"
 #include "core/messages.h"
 #include "core/text.h"
 #include "designer/edit_films.h"
@@ -27,23 +28,29 @@ class TitleOptions {
  public:
   TitleOptions(const CommandLine& line, EditContext& context) : line_(line), context_(context) {}
 
+  /// The film of a new video.
   std::optional<FilmRecord> Film() {
     const QString video = HostFiles::FromUser(line_.arguments.value(1));
     if (!HostFiles::FileExists(video)) {
       Refuse(u"There is no video "_s + video);
       return std::nullopt;
     }
-    const std::optional<FilmRecord> film = NewFilm(video, context_.project.Settings, context_.prompter);
-    if (!film) return std::nullopt;
-    VideoTitle title(context_.project, *film, context_.prompter);
-    const QString chapterFile = line_.Option(u"--chapter-file"_s);
-    if (!chapterFile.isEmpty() && !HostFiles::FileExists(HostFiles::FromUser(chapterFile))) {
+    const auto film = NewFilm({.VideoFile = video}, context_.project.Settings, context_.prompter);
+    return film ? Prepared(*film) : std::nullopt;
+  }
+
+  /// A film with what the options change.
+  std::optional<FilmRecord> Prepared(const FilmRecord& film) {
+    VideoTitle title(context_.project, film, context_.prompter);
+    const QString chapterFile = Has(u"--chapter-file"_s) ? HostFiles::FromUser(line_.Option(u"--chapter-file"_s)) : QString();
+    if (!chapterFile.isEmpty() && !HostFiles::FileExists(chapterFile)) {
       Refuse(u"There is no chapter file "_s + chapterFile);
       return std::nullopt;
     }
-    title.Open(chapterFile.isEmpty() ? QString() : HostFiles::FromUser(chapterFile));
-    const bool taken = TakeName(title) && TakeSound(title) && TakeSubtitles(title) && TakeLanguages(title) &&
-                       TakePalette(title) && TakeChapters(title) && TakeNumbers(title) && TakeCommands(title);
+    title.Open(chapterFile);
+    const bool taken = TakeVideoFile(title) && TakeName(title) && TakeSound(title) && TakeSubtitles(title) &&
+                       TakeLanguages(title) && TakePalette(title) && TakeChapters(title) && TakeNumbers(title) &&
+                       TakeCommands(title);
     if (!taken) return std::nullopt;
     WarnOfLateChapters(title.Fields.Chapters, title.DurationSec(), context_.prompter);
     return title.Accept();
@@ -56,6 +63,13 @@ class TitleOptions {
   }
 
   bool Has(const QString& name) const { return line_.options.contains(name); }
+
+  bool TakeVideoFile(VideoTitle& title) {
+    if (!Has(u"--video"_s)) return true;
+    if (Has(u"--chapter-file"_s)) return Refuse(u"--video takes the chapters away; give --chapter-file afterwards."_s);
+    const QString video = HostFiles::FromUser(line_.Option(u"--video"_s));
+    return HostFiles::FileExists(video) ? title.SetVideo(video) : Refuse(u"There is no video "_s + video);
+  }
 
   bool TakeName(VideoTitle& title) {
     if (!Has(u"--name"_s)) return true;
@@ -71,6 +85,10 @@ class TitleOptions {
       return Refuse(GetMessage(151) + kLineBreak + GetMessage(152, {{u"|1", title.VideoFile()}}));
     }
     for (qsizetype i = 0; i < files.size(); ++i) {
+      if (files[i].isEmpty()) {
+        title.ClearAudio(int(i) + 1);
+        continue;
+      }
       const QString path = HostFiles::FromUser(files[i]);
       if (!HostFiles::FileExists(path) || !IsAudioFile(path)) return Refuse(GetMessage(153, {{u"|1", path}}));
       title.SetAudio(int(i) + 1, path);
@@ -84,13 +102,18 @@ class TitleOptions {
     if (files.size() > kFilmStreams) return Refuse(u"A film has at most three subtitle files."_s);
     if (formats.size() > files.size()) return Refuse(u"Each --sub-format belongs to a --sub."_s);
     for (qsizetype i = 0; i < files.size(); ++i) {
+      if (files[i].isEmpty()) {
+        title.ClearSubtitle(int(i) + 1);
+        continue;
+      }
       const QString path = HostFiles::FromUser(files[i]);
       if (!HostFiles::FileExists(path)) return Refuse(u"There is no subtitle file "_s + path);
       if (!title.SetSubtitle(int(i) + 1, path)) return Refuse(u"No subtitles can be read from "_s + path);
       if (i < formats.size() && !TakeFormat(title, int(i) + 1, formats[i])) return false;
     }
-    title.Fields.AutoStartSubs = line_.HasFlag(u"--start-sub"_s);
-    return !title.Fields.AutoStartSubs || !files.isEmpty() || Refuse(u"--start-sub needs a --sub."_s);
+    if (line_.HasFlag(u"--start-sub"_s)) title.Fields.AutoStartSubs = true;
+    return !title.Fields.AutoStartSubs || !title.Fields.Subtitle.front().isEmpty() ||
+           Refuse(u"--start-sub needs a --sub."_s);
   }
 
   /// A format with all its fields, or with those that a stored default has.
@@ -108,6 +131,7 @@ class TitleOptions {
   }
 
   bool TakeLanguages(VideoTitle& title) {
+    if (!Has(u"--languages"_s)) return true;
     const QStringList tags = line_.Option(u"--languages"_s).split(u',');
     if (tags.size() > 2 * kFilmStreams) return Refuse(u"--languages takes six tags: three of sound, three of subtitles."_s);
     for (qsizetype i = 0; i < tags.size(); ++i) {
@@ -121,6 +145,10 @@ class TitleOptions {
 
   bool TakePalette(VideoTitle& title) {
     if (!Has(u"--palette"_s)) return true;
+    if (line_.Option(u"--palette"_s).isEmpty()) {
+      title.SetSubColors({});
+      return true;
+    }
     const QString path = HostFiles::FromUser(line_.Option(u"--palette"_s));
     return title.ReadPalette(path) || Refuse(u"No palette was taken from "_s + path);
   }
@@ -152,6 +180,10 @@ class TitleOptions {
       title.Fields.AddStreamNumber = line_.Option(u"--inner-subs"_s);
     }
     if (!Has(u"--shrink"_s)) return true;
+    if (line_.Option(u"--shrink"_s).toInt() == 0) {
+      title.Fields.Shrink = false;
+      return true;
+    }
     if (!title.Labels().ShrinkEnabled) return Refuse(u"--shrink is for elementary MPEG-2 films."_s);
     title.Fields.NewVideoSize = line_.Option(u"--shrink"_s);
     title.Fields.Shrink = true;
@@ -161,9 +193,10 @@ class TitleOptions {
   bool TakeCommands(VideoTitle& title) {
     if (Has(u"--pre"_s) || Has(u"--post"_s)) {
       if (!title.Labels().ActionsEnabled) return Refuse(u"--pre and --post are for projects made with AdvancedMode=1."_s);
-      title.SetActions(line_.Option(u"--pre"_s), line_.Option(u"--post"_s), {});
+      title.SetActions(line_.Option(u"--pre"_s, title.PreAction()), line_.Option(u"--post"_s, title.PostAction()),
+                       title.UOP());
     }
-    title.Fields.Animated = line_.HasFlag(u"--animated"_s);
+    if (line_.HasFlag(u"--animated"_s)) title.Fields.Animated = true;
     return !title.Fields.Animated || title.Labels().AnimatedEnabled ||
            Refuse(u"--animated is for projects with animated menus."_s);
   }
@@ -203,6 +236,16 @@ bool AddTitleOf(const CommandLine& line, EditContext& context, const ElementPlac
   if (!CheckFilmPlace(context, place)) return false;
   const std::optional<FilmRecord> film = TitleOptions(line, context).Film();
   return film && AddFilm(context, *film, place);
+}
+
+bool EditTitleOf(const CommandLine& line, EditContext& context) {
+  const int film = line.arguments.value(1).toInt();
+  const Project& project = context.project;
+  if (!project.Tree.Contains(FilmKey(film)) || FilmView(project.Tree, film).IsAudioTitleSet()) {
+    return Fail(context, u"The project has no film %1."_s.arg(line.arguments.value(1)));
+  }
+  const std::optional<FilmRecord> record = TitleOptions(line, context).Prepared(ReadFilmNodes(project.Tree, film));
+  return record && EditFilm(context, film, *record);
 }
 
 bool AddAudioTitleSetOf(const CommandLine& line, EditContext& context, const ElementPlace& place) {

@@ -42,7 +42,8 @@ void TakeVideo(FilmRecord& film, const MpegInfo& video) {
   film.AddSubStream = 0;
 }
 
-std::optional<FilmRecord> NewFilm(const QString& path, const Settings& settings, Prompter& prompter) {
+std::optional<FilmRecord> NewFilm(FilmRecord film, const Settings& settings, Prompter& prompter) {
+  const QString path = film.VideoFile;
   const bool minds = settings.Engine == kEngineDvdauthor || IsMultiplexedFile(path);
   if (minds && HasSpecialCharacters(path)) WarnOfSpecialCharacters(settings, prompter);
   MpegInfo video;
@@ -50,9 +51,9 @@ std::optional<FilmRecord> NewFilm(const QString& path, const Settings& settings,
     prompter.Fail(GetMessage(373));
     return std::nullopt;
   }
-  FilmRecord film{.Name = SplitFileName(path).name};
   TakeVideo(film, video);
   film.VideoFile = path;
+  if (film.Name.isEmpty()) film.Name = SplitFileName(path).name;
   return film;
 }
 

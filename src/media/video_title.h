@@ -19,8 +19,9 @@ struct Project;
 /// Gives a film the video that was analysed: picture, size, duration. Its subtitle streams are not known.
 void TakeVideo(FilmRecord& film, const MpegInfo& video);
 
-/// A new film of a video file, or nothing when it is none; the user has been told why.
-std::optional<FilmRecord> NewFilm(const QString& path, const Settings& settings, Prompter& prompter);
+/// A new film, of which the record names the video and what else is known; without a name it gets its file's. Nothing
+/// when the file is no video; the user has been told so.
+std::optional<FilmRecord> NewFilm(FilmRecord film, const Settings& settings, Prompter& prompter);
 
 /// What the user sees and edits of a film, as the fields hold it. Paths are full, or names in the video's folder.
 struct VideoTitleFields {
@@ -96,6 +97,8 @@ class VideoTitle {
   // ---- Commands of the title ----
 
   void SetActions(const QString& preAction, const QString& postAction, const QString& uop);
+  const QString& PreAction() const { return film_.PreAction; }
+  const QString& PostAction() const { return film_.PostAction; }
   QString PreActionText() const;  ///< "Default" when there is none
   QString PostActionText() const;
   const QString& UOP() const { return film_.UOP; }

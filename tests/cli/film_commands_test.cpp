@@ -115,6 +115,37 @@ Post Action=exit;)"_s).toStdString());
   EXPECT_EQ(Film(u"C:\\o.tvn"_s, u"MMB1Text"_s) + Film(u"C:\\o.tvn"_s, u"MMBP1Left"_s), u"Text=The seaLeft=40");
 }
 
+TEST_F(FilmCommandsTest, EditTitleChangesWhatItsOptionsName) {
+  ASSERT_EQ(RunOnNew({u"add-title"_s, u"C:\\p.tvn"_s, u"C:\\a.m2v"_s, u"--sub"_s, u"C:\\s.srt"_s, u"--palette"_s,
+                      u"C:\\x.rgb"_s, u"--start-sub"_s, u"--languages=EN,,,DE"_s, u"--delay=7"_s, u"--post=exit;"_s},
+                     {u"AdvancedMode=1"_s}),
+            kExitDone);
+  const QString whole = Film(u"C:\\p.tvn"_s, u"F1"_s);
+  const QStringList edit{u"edit-title"_s, u"C:\\p.tvn"_s, u"1"_s};
+  EXPECT_EQ(Run(edit), kExitDone);
+  EXPECT_EQ(Film(u"C:\\p.tvn"_s, u"F1"_s).toStdString(), whole.toStdString());
+  EXPECT_EQ(Run(edit + QStringList{u"--audio"_s, u"C:\\a.ac3"_s, u"--audio="_s, u"--palette="_s, u"--sub="_s, u"--sub"_s,
+                                   u"C:\\s.sup"_s}),
+            kExitFailed);
+  EXPECT_EQ(error_, u"info: Using Subtitle stream 2 or 3 without Subtitle stream 1 (or 1 & 3 without 2) is not possible!\n");
+  EXPECT_EQ(Film(u"C:\\p.tvn"_s, u"F1"_s).toStdString(), whole.toStdString());
+  ASSERT_EQ(Run(edit + QStringList{u"--sub="_s, u"--palette="_s, u"--pre=g1=1;"_s, u"--name"_s, u"b"_s}), kExitDone)
+      << error_.toStdString();
+  EXPECT_EQ(Film(u"C:\\p.tvn"_s, u"FP1"_s).section(u'\n', 8).toStdString(), R"(Audio1=C:\a.ac3
+AudioDelay=7
+Chapters=00:00:00.000
+TotalSize(MB)=0
+LanguageTags=EN,  ,  ,  ,  ,  
+Mux=1
+Animated=0
+Pre Action=g1=1;
+Post Action=exit;)");
+  EXPECT_EQ(Run(edit + QStringList{u"--video"_s, u"C:\\wide.m2v"_s, u"--assume"_s, u"yes"_s}), kExitDone);
+  EXPECT_EQ(Film(u"C:\\p.tvn"_s, u"FP1"_s).left(22).toStdString(), "Name=wide\nVideo=C:\\wid");
+  EXPECT_EQ(Run({u"edit-title"_s, u"C:\\p.tvn"_s, u"2"_s}), kExitFailed);
+  EXPECT_EQ(error_, u"error: The project has no film 2.\n");
+}
+
 TEST_F(FilmCommandsTest, AddTitleTellsWhatItsChecksFind) {
   struct Case {
     QStringList arguments;  // behind the project

@@ -73,7 +73,7 @@ TEST_F(VideoTitleTest, AFilmOfFilesBecomesARecord) {
   project_.Settings.AnimatedMainMenu = true;
   project_.Settings.AutoChapter = 1;
 
-  const std::optional<FilmRecord> film = NewFilm(u"C:\\My film.m2v"_s, project_.Settings, prompter_);
+  const std::optional<FilmRecord> film = NewFilm({.VideoFile = u"C:\\My film.m2v"_s}, project_.Settings, prompter_);
   ASSERT_TRUE(film);
   VideoTitle title(project_, *film, prompter_);
   title.Open(u"C:\\marks.txt"_s);
@@ -111,7 +111,7 @@ TEST_F(VideoTitleTest, AFilmOfFilesBecomesARecord) {
   EXPECT_EQ(Told(), QStringList{u"No sequenz header found!"_s});
   Put(u"C:\\b.m2v"_s, Video(352, 288));
   ASSERT_TRUE(title.SetVideo(u"C:\\b.m2v"_s));
-  expected = *NewFilm(u"C:\\b.m2v"_s, project_.Settings, prompter_);
+  expected = *NewFilm({.VideoFile = u"C:\\b.m2v"_s}, project_.Settings, prompter_);
   expected.Animated = 2;
   expected.PreAction = u"g1=1;"_s;
   expected.UOP = u"1"_s;
