@@ -42,7 +42,8 @@ class TitleOptions {
   /// A film with what the options change.
   std::optional<FilmRecord> Prepared(const FilmRecord& film) {
     VideoTitle title(context_.project, film, context_.prompter);
-    const QString chapterFile = Has(u"--chapter-file"_s) ? HostFiles::FromUser(line_.Option(u"--chapter-file"_s)) : QString();
+    const QString chapterFile =
+        Has(u"--chapter-file"_s) ? HostFiles::FromUser(line_.Option(u"--chapter-file"_s)) : QString();
     if (!chapterFile.isEmpty() && !HostFiles::FileExists(chapterFile)) {
       Refuse(u"There is no chapter file "_s + chapterFile);
       return std::nullopt;
@@ -133,12 +134,14 @@ class TitleOptions {
   bool TakeLanguages(VideoTitle& title) {
     if (!Has(u"--languages"_s)) return true;
     const QStringList tags = line_.Option(u"--languages"_s).split(u',');
-    if (tags.size() > 2 * kFilmStreams) return Refuse(u"--languages takes six tags: three of sound, three of subtitles."_s);
+    if (tags.size() > 2 * kFilmStreams)
+      return Refuse(u"--languages takes six tags: three of sound, three of subtitles."_s);
     for (qsizetype i = 0; i < tags.size(); ++i) {
       const QString tag = tags[i].trimmed().toUpper();
       const int language = LanguageOfTag(tag);
       if (language == 0 && !tag.isEmpty()) return Refuse(u"--languages: there is no language %1."_s.arg(tag));
-      (i < kFilmStreams ? title.Fields.Languages.Audio[i] : title.Fields.Languages.Subtitle[i - kFilmStreams]) = language;
+      (i < kFilmStreams ? title.Fields.Languages.Audio[i] : title.Fields.Languages.Subtitle[i - kFilmStreams]) =
+          language;
     }
     return true;
   }
@@ -192,7 +195,8 @@ class TitleOptions {
 
   bool TakeCommands(VideoTitle& title) {
     if (Has(u"--pre"_s) || Has(u"--post"_s)) {
-      if (!title.Labels().ActionsEnabled) return Refuse(u"--pre and --post are for projects made with AdvancedMode=1."_s);
+      if (!title.Labels().ActionsEnabled)
+        return Refuse(u"--pre and --post are for projects made with AdvancedMode=1."_s);
       title.SetActions(line_.Option(u"--pre"_s, title.PreAction()), line_.Option(u"--post"_s, title.PostAction()),
                        title.UOP());
     }

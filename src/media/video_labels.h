@@ -29,17 +29,17 @@ struct VideoLabels {
   QString Folder = {};       ///< without trailing "\"
   Label ResH = {};           ///< red when MuxMan does not take it
   Label ResV = {};
-  Label FPS = {};            ///< red when it is not the project's norm
-  QString FpsToolTip = {};   ///< says so; "" when it fits
+  Label FPS = {};           ///< red when it is not the project's norm
+  QString FpsToolTip = {};  ///< says so; "" when it fits
   QString Aspect = {};
   QString MpegVersion = {};
   QString MBSize = {};
   QString Duration = {};
-  Label NavPacks = {};              ///< "Yes" or "No", of a multiplexed video only; red for "No"
-  bool AddStreamEnabled = false;    ///< number of subtitle streams that the file has inside
-  bool ShrinkEnabled = false;       ///< shrink target and factor
-  bool AnimatedEnabled = false;     ///< the animated button
-  bool ActionsEnabled = false;      ///< commands of the title
+  Label NavPacks = {};            ///< "Yes" or "No", of a multiplexed video only; red for "No"
+  bool AddStreamEnabled = false;  ///< number of subtitle streams that the file has inside
+  bool ShrinkEnabled = false;     ///< shrink target and factor
+  bool AnimatedEnabled = false;   ///< the animated button
+  bool ActionsEnabled = false;    ///< commands of the title
   bool operator==(const VideoLabels&) const = default;
 };
 

@@ -111,11 +111,11 @@ void VideoTitle::CheckChangedProperties() {
       film_.Aspect == norm.ProjectAspect) {
     return;
   }
-  const QStringList lines{
-      GetMessage(475), FormatLine(u"XRes = "_s, QString::number(norm.ProjectResH), QString::number(film_.ResH)),
-      FormatLine(u"YRes = "_s, QString::number(norm.ProjectResV), QString::number(film_.ResV)),
-      FormatLine(u"FPS =  "_s, FormatNumberDot(norm.ProjectFps), FormatNumberDot(film_.FPS)),
-      FormatLine(u"AR =   "_s, norm.ProjectAspect, film_.Aspect)};
+  const QStringList lines{GetMessage(475),
+                          FormatLine(u"XRes = "_s, QString::number(norm.ProjectResH), QString::number(film_.ResH)),
+                          FormatLine(u"YRes = "_s, QString::number(norm.ProjectResV), QString::number(film_.ResV)),
+                          FormatLine(u"FPS =  "_s, FormatNumberDot(norm.ProjectFps), FormatNumberDot(film_.FPS)),
+                          FormatLine(u"AR =   "_s, norm.ProjectAspect, film_.Aspect)};
   prompter_.Fail(lines.join(kLineBreak));
 }
 

@@ -18,10 +18,9 @@ constexpr qsizetype kLeastPath = 2;
 }  // namespace
 
 bool VideoTitle::Ask(const QString& warning) {
-  return prompter_.Show({.kind = BoxKind::Warning,
-                         .buttons = BoxButtons::YesNo,
-                         .text = warning,
-                         .preselected = Answer::Yes}) == Answer::Yes;
+  return prompter_.Show(
+             {.kind = BoxKind::Warning, .buttons = BoxButtons::YesNo, .text = warning, .preselected = Answer::Yes}) ==
+         Answer::Yes;
 }
 
 bool VideoTitle::CheckStreamOrder(const std::array<QString, kFilmStreams>& streams, int message) {
@@ -44,8 +43,8 @@ bool VideoTitle::WarnOfFormat() {
     const QString resolution = labels_.ResH.Text + u" x " + labels_.ResV.Text;
     if (!Ask(GetMessage(424, {{u"|1", resolution}, {u"|2", kLineBreak}}))) return false;
   }
-  if (labels_.NavPacks.Red && !Ask(GetMessage(440, {{u"|1", kLineBreak}}) + kLineBreak + kLineBreak +
-                                   GetMessage(441, {{u"|1", kLineBreak}}))) {
+  if (labels_.NavPacks.Red &&
+      !Ask(GetMessage(440, {{u"|1", kLineBreak}}) + kLineBreak + kLineBreak + GetMessage(441, {{u"|1", kLineBreak}}))) {
     return false;
   }
   if (!labels_.FPS.Red || !std::exchange(project_.RateWarningDue, false)) return true;

@@ -7,8 +7,8 @@
 
 #include "cli/commands.h"
 #include "core/project_file.h"
-#include "media/palette.h"
 #include "media/mpeg_pieces.h"
+#include "media/palette.h"
 #include "platform/host_files.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
@@ -54,7 +54,8 @@ class FilmCommandsTest : public testing::Test {
 
   int Run(const QStringList& arguments, const QStringList& settings = {}) {
     QStringList line{u"--profile"_s, u"C:\\s"_s};
-    for (const QString& setting : QStringList{u"OutDir=C:\\O"_s, u"TempDir=C:\\T"_s} + settings) line << u"--set"_s << setting;
+    for (const QString& setting : QStringList{u"OutDir=C:\\O"_s, u"TempDir=C:\\T"_s} + settings)
+      line << u"--set"_s << setting;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     const int code = RunCli(line + arguments);
@@ -80,12 +81,18 @@ class FilmCommandsTest : public testing::Test {
 };
 
 TEST_F(FilmCommandsTest, AddTitleTakesEverythingOfAFilm) {
-  ASSERT_EQ(RunOnNew({u"add-title"_s, u"C:\\p.tvn"_s, u"C:\\a.m2v"_s, u"--audio"_s, u"C:\\a.ac3"_s, u"--audio=C:\\b.mp2"_s,
-                 u"--sub"_s, u"C:\\s.srt"_s, u"--sub"_s, u"C:\\s.sup"_s, u"--sub-format"_s,
-                 u"CP1250/20.0/arial.ttf/left/top/10/10/10/10"_s, u"--languages"_s, u"en,de,,,fr"_s, u"--palette"_s,
-                 u"C:\\x.rgb"_s, u"--start-sub"_s, u"--chapters"_s, u"0:00.8,0:00.25"_s, u"--name"_s, u"The_sea"_s, u"--delay"_s,
-                 u"-40"_s, u"--pre"_s, u"g1=1;"_s, u"--post"_s, u"exit;"_s, u"--at"_s, u"40,50"_s, u"-o"_s, u"C:\\o.tvn"_s},
-                {u"AdvancedMode=1"_s}),
+  ASSERT_EQ(RunOnNew({u"add-title"_s,      u"C:\\p.tvn"_s,    u"C:\\a.m2v"_s,
+                      u"--audio"_s,        u"C:\\a.ac3"_s,    u"--audio=C:\\b.mp2"_s,
+                      u"--sub"_s,          u"C:\\s.srt"_s,    u"--sub"_s,
+                      u"C:\\s.sup"_s,      u"--sub-format"_s, u"CP1250/20.0/arial.ttf/left/top/10/10/10/10"_s,
+                      u"--languages"_s,    u"en,de,,,fr"_s,   u"--palette"_s,
+                      u"C:\\x.rgb"_s,      u"--start-sub"_s,  u"--chapters"_s,
+                      u"0:00.8,0:00.25"_s, u"--name"_s,       u"The_sea"_s,
+                      u"--delay"_s,        u"-40"_s,          u"--pre"_s,
+                      u"g1=1;"_s,          u"--post"_s,       u"exit;"_s,
+                      u"--at"_s,           u"40,50"_s,        u"-o"_s,
+                      u"C:\\o.tvn"_s},
+                     {u"AdvancedMode=1"_s}),
             kExitDone)
       << error_.toStdString();
   EXPECT_EQ(Film(u"C:\\o.tvn"_s, u"F1"_s).toStdString(), QString(uR"(Film1
@@ -100,7 +107,8 @@ Duration=00:00:01.00
 Audio1=C:\a.ac3
 Audio2=C:\b.mp2
 AudioDelay=-40
-SubColors=)"_s + PaletteList(QList<int>(16, RgbToPalette(255, 0, 0))) + uR"(
+SubColors=)"_s + PaletteList(QList<int>(16, RgbToPalette(255, 0, 0))) +
+                                                                 uR"(
 SubTitel1=C:\s.srt
 SubFormatStr1=CP1250/20.0/arial.ttf/left/top/10/10/10/10/25/25/720/576
 SubTitel2=C:\s.sup
@@ -111,7 +119,8 @@ LanguageTags=EN,DE,  ,  ,FR,
 Mux=1
 Animated=0
 Pre Action=g1=1;
-Post Action=exit;)"_s).toStdString());
+Post Action=exit;)"_s)
+                                                             .toStdString());
   EXPECT_EQ(Film(u"C:\\o.tvn"_s, u"MMB1Text"_s) + Film(u"C:\\o.tvn"_s, u"MMBP1Left"_s), u"Text=The seaLeft=40");
 }
 
@@ -124,10 +133,11 @@ TEST_F(FilmCommandsTest, EditTitleChangesWhatItsOptionsName) {
   const QStringList edit{u"edit-title"_s, u"C:\\p.tvn"_s, u"1"_s};
   EXPECT_EQ(Run(edit), kExitDone);
   EXPECT_EQ(Film(u"C:\\p.tvn"_s, u"F1"_s).toStdString(), whole.toStdString());
-  EXPECT_EQ(Run(edit + QStringList{u"--audio"_s, u"C:\\a.ac3"_s, u"--audio="_s, u"--palette="_s, u"--sub="_s, u"--sub"_s,
-                                   u"C:\\s.sup"_s}),
+  EXPECT_EQ(Run(edit + QStringList{u"--audio"_s, u"C:\\a.ac3"_s, u"--audio="_s, u"--palette="_s, u"--sub="_s,
+                                   u"--sub"_s, u"C:\\s.sup"_s}),
             kExitFailed);
-  EXPECT_EQ(error_, u"info: Using Subtitle stream 2 or 3 without Subtitle stream 1 (or 1 & 3 without 2) is not possible!\n");
+  EXPECT_EQ(error_,
+            u"info: Using Subtitle stream 2 or 3 without Subtitle stream 1 (or 1 & 3 without 2) is not possible!\n");
   EXPECT_EQ(Film(u"C:\\p.tvn"_s, u"F1"_s).toStdString(), whole.toStdString());
   ASSERT_EQ(Run(edit + QStringList{u"--sub="_s, u"--palette="_s, u"--pre=g1=1;"_s, u"--name"_s, u"b"_s}), kExitDone)
       << error_.toStdString();
@@ -182,15 +192,27 @@ TEST_F(FilmCommandsTest, AddTitleTellsWhatItsChecksFind) {
        {},
        kExitFailed,
        u"info: New video size must be smaller than current Video size\ninfo: Set a new video size first!\n"_s},
-      {{u"C:\\a.m2v"_s, u"--languages"_s, u"EN,XX"_s}, {}, kExitFailed, u"error: --languages: there is no language XX.\n"_s},
+      {{u"C:\\a.m2v"_s, u"--languages"_s, u"EN,XX"_s},
+       {},
+       kExitFailed,
+       u"error: --languages: there is no language XX.\n"_s},
       {{u"C:\\a.m2v"_s, u"--sub"_s, u"C:\\s.srt"_s, u"--sub-format"_s, u"a/5/b/left/top/2/9/9/9"_s},
        {},
        kExitFailed,
        u"error: --sub-format a/5/b/left/top/2/9/9/9: Must be more than 2 Pixel\n"
        u"error: --sub-format a/5/b/left/top/2/9/9/9: Must be more than 5 Point\n"_s},
-      {{u"C:\\a.m2v"_s, u"--pre"_s, u"exit;"_s}, {}, kExitFailed, u"error: --pre and --post are for projects made with AdvancedMode=1.\n"_s},
-      {{u"C:\\a.m2v"_s, u"--animated"_s}, {}, kExitFailed, u"error: --animated is for projects with animated menus.\n"_s},
-      {{u"C:\\a.m2v"_s, u"--titles"_s, u"x"_s}, {}, kExitUsage, u"torvane-cli: There is no option --titles.\nTry: torvane-cli --help\n"_s},
+      {{u"C:\\a.m2v"_s, u"--pre"_s, u"exit;"_s},
+       {},
+       kExitFailed,
+       u"error: --pre and --post are for projects made with AdvancedMode=1.\n"_s},
+      {{u"C:\\a.m2v"_s, u"--animated"_s},
+       {},
+       kExitFailed,
+       u"error: --animated is for projects with animated menus.\n"_s},
+      {{u"C:\\a.m2v"_s, u"--titles"_s, u"x"_s},
+       {},
+       kExitUsage,
+       u"torvane-cli: There is no option --titles.\nTry: torvane-cli --help\n"_s},
   };
   for (const Case& c : cases) {
     QStringList arguments{u"add-title"_s, u"C:\\p.tvn"_s, u"-o"_s, u"C:\\o.tvn"_s};
@@ -201,8 +223,9 @@ TEST_F(FilmCommandsTest, AddTitleTellsWhatItsChecksFind) {
 
 TEST_F(FilmCommandsTest, AddAudioTitleSetTakesFilesOfOneKind) {
   const QStringList command{u"add-audio-titleset"_s, u"C:\\p.tvn"_s, u"-o"_s, u"C:\\o.tvn"_s};
-  ASSERT_EQ(RunOnNew(command + QStringList{u"C:\\a.ac3"_s, u"C:\\A - B - 07 - C.ac3"_s, u"--titles"_s, u"--name"_s, u"Songs"_s,
-                                      u"--artist"_s, u"Me"_s, u"--pattern"_s, u"--add-track"_s, u"--image"_s, u"C:\\x.rgb"_s}),
+  ASSERT_EQ(RunOnNew(command + QStringList{u"C:\\a.ac3"_s, u"C:\\A - B - 07 - C.ac3"_s, u"--titles"_s, u"--name"_s,
+                                           u"Songs"_s, u"--artist"_s, u"Me"_s, u"--pattern"_s, u"--add-track"_s,
+                                           u"--image"_s, u"C:\\x.rgb"_s}),
             kExitDone)
       << error_.toStdString();
   EXPECT_EQ(Film(u"C:\\o.tvn"_s, u"FPA1"_s).toStdString(), R"(AudioTitles=2

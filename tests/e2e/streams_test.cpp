@@ -36,7 +36,8 @@ QByteArray OutputOf(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.setStandardInputFile(QProcess::nullDevice());
   process.start(program, arguments);
-  EXPECT_TRUE(process.waitForFinished(120'000) && process.exitCode() == 0) << process.readAllStandardError().toStdString();
+  EXPECT_TRUE(process.waitForFinished(120'000) && process.exitCode() == 0)
+      << process.readAllStandardError().toStdString();
   return process.readAllStandardOutput();
 }
 
@@ -102,10 +103,10 @@ struct Probe {
 
 Probe ProbeTitle(const QString& path) {
   const QJsonObject found =
-      QJsonDocument::fromJson(OutputOf(u"ffprobe"_s, {u"-v"_s, u"error"_s, u"-probesize"_s, u"100M"_s,
-                                                      u"-analyzeduration"_s, u"100M"_s, u"-of"_s, u"json"_s,
-                                                      u"-show_entries"_s,
-                                                      u"stream=index,codec_name,id:packet=stream_index,pts_time"_s, path}))
+      QJsonDocument::fromJson(
+          OutputOf(u"ffprobe"_s,
+                   {u"-v"_s, u"error"_s, u"-probesize"_s, u"100M"_s, u"-analyzeduration"_s, u"100M"_s, u"-of"_s,
+                    u"json"_s, u"-show_entries"_s, u"stream=index,codec_name,id:packet=stream_index,pts_time"_s, path}))
           .object();
   Probe probe;
   std::map<int, QString> names;
@@ -138,10 +139,11 @@ TEST(StreamsTest, EverythingOfAFilmIsOnTheDisc) {
   const QString dir = workshop.Dir() + u'/';
   for (const QString& name : {u"two.mp2"_s, u"three.ac3"_s}) {
     OutputOf(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-nostdin"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                           u"sine=frequency=250:sample_rate=48000:duration=24"_s, u"-ac"_s, u"2"_s, u"-b:a"_s, u"192k"_s,
-                           dir + name});
+                           u"sine=frequency=250:sample_rate=48000:duration=24"_s, u"-ac"_s, u"2"_s, u"-b:a"_s,
+                           u"192k"_s, dir + name});
   }
-  Put(dir + u"one.srt"_s, Cue(1, "00:00:02,000", "00:00:05,000", "One") + Cue(2, "00:00:08,000", "00:00:10,000", "Two"));
+  Put(dir + u"one.srt"_s,
+      Cue(1, "00:00:02,000", "00:00:05,000", "One") + Cue(2, "00:00:08,000", "00:00:10,000", "Two"));
   Put(dir + u"two.srt"_s, Cue(1, "00:00:03,000", "00:00:06,000", "Drei"));
   Put(dir + u"three.sup"_s, SupWriter::Record(supSeconds * 90000, SupWriter::Unit(Picture())));
   const QList<int> colours = Colours();
@@ -150,12 +152,18 @@ TEST(StreamsTest, EverythingOfAFilmIsOnTheDisc) {
   const QString project = dir + u"all.tvn";
   for (const auto& [command, arguments] : std::initializer_list<std::pair<QString, QStringList>>{
            {u"new"_s, {project}},
-           {u"add-title"_s,
-            {project, dir + u"film1.m2v", u"--audio"_s, dir + u"film1.ac3", u"--audio"_s, dir + u"two.mp2", u"--audio"_s,
-             dir + u"three.ac3", u"--sub"_s, dir + u"one.srt", u"--sub"_s, dir + u"two.srt", u"--sub"_s,
-             dir + u"three.sup", u"--sub-format"_s, u"ISO-8859-1/28.0/arial.ttf/center/bottom/60/60/30/30"_s,
-             u"--sub-format"_s, u"CP1250/24.0/arial.ttf/left/top/60/60/30/30"_s, u"--languages"_s, u"EN,DE,FR,ES,IT,NL"_s,
-             u"--palette"_s, dir + u"colours.pal", u"--chapters"_s, u"0:00,0:07.2,0:15.6"_s}},
+           {u"add-title"_s, {project,           dir + u"film1.m2v",
+                             u"--audio"_s,      dir + u"film1.ac3",
+                             u"--audio"_s,      dir + u"two.mp2",
+                             u"--audio"_s,      dir + u"three.ac3",
+                             u"--sub"_s,        dir + u"one.srt",
+                             u"--sub"_s,        dir + u"two.srt",
+                             u"--sub"_s,        dir + u"three.sup",
+                             u"--sub-format"_s, u"ISO-8859-1/28.0/arial.ttf/center/bottom/60/60/30/30"_s,
+                             u"--sub-format"_s, u"CP1250/24.0/arial.ttf/left/top/60/60/30/30"_s,
+                             u"--languages"_s,  u"EN,DE,FR,ES,IT,NL"_s,
+                             u"--palette"_s,    dir + u"colours.pal",
+                             u"--chapters"_s,   u"0:00,0:07.2,0:15.6"_s}},
            {u"build"_s, {project}}}) {
     const CliResult result = workshop.RunPlain(command, arguments);
     ASSERT_EQ(result.exitCode, 0) << command.toStdString() << '\n'
@@ -175,7 +183,8 @@ TEST(StreamsTest, EverythingOfAFilmIsOnTheDisc) {
   }
   EXPECT_THAT(sound, ElementsAre("ac3 en", "mpeg de", "ac3 fr"));
   std::vector<std::string> subtitles;
-  for (int i = 0; i < title.nr_of_vts_subp_streams; ++i) subtitles.push_back(Language(title.vts_subp_attr[i].lang_code));
+  for (int i = 0; i < title.nr_of_vts_subp_streams; ++i)
+    subtitles.push_back(Language(title.vts_subp_attr[i].lang_code));
   EXPECT_THAT(subtitles, ElementsAre("es", "it", "nl"));
   QList<int> palette;
   for (int i = 0; i < kPaletteSize; ++i) {

@@ -81,7 +81,8 @@ TEST_F(VideoTitleTest, AFilmOfFilesBecomesARecord) {
   title.SetAudio(2, u"C:\\de.ac3"_s);
   EXPECT_TRUE(title.SetSubtitle(1, u"C:\\s.srt"_s));
   EXPECT_TRUE(title.SetSubtitle(2, u"C:\\s.sup"_s));
-  title.Fields.Languages = {.Audio = {LanguageOfTag(u"EN"), LanguageOfTag(u"DE")}, .Subtitle = {0, LanguageOfTag(u"FR")}};
+  title.Fields.Languages = {.Audio = {LanguageOfTag(u"EN"), LanguageOfTag(u"DE")},
+                            .Subtitle = {0, LanguageOfTag(u"FR")}};
   title.Fields.AudioDelay = u"-120"_s;
   title.Fields.Animated = true;
   title.Fields.AutoStartSubs = true;
@@ -130,7 +131,8 @@ TEST_F(VideoTitleTest, AMultiplexedVideoClosesFields) {
   prompter_ = RecordingPrompter({Answer::No, Answer::Yes});
   VideoTitle title(project_, film, prompter_);
   title.Open();
-  EXPECT_EQ(title.Fields, (VideoTitleFields{.VideoName = u"T_1"_s, .AddStreamNumber = u"3"_s, .Chapters = u"00:00:00.000"_s}));
+  EXPECT_EQ(title.Fields,
+            (VideoTitleFields{.VideoName = u"T_1"_s, .AddStreamNumber = u"3"_s, .Chapters = u"00:00:00.000"_s}));
   EXPECT_EQ(title.Labels(), (VideoLabels{.Multiplexed = true,
                                          .FileName = u"T_1"_s,
                                          .Suffix = u".vob"_s,
@@ -154,10 +156,11 @@ TEST_F(VideoTitleTest, AMultiplexedVideoClosesFields) {
   film.ShrinkTo = -1;
   film.TotalSize = 1000;
   EXPECT_EQ(*accepted, film);
-  EXPECT_EQ(Told().front(),
-            u"TVN has not found navigation packets in your mpg file (Mux OK=No). \r\nThis will cause an authoring errror in "
-            u"99%\r\n\r\nTo avoid this problem, use elementary streams (demultiplex your input) \r\nor use another "
-            u"multiplexer. Continue anyway?");
+  EXPECT_EQ(
+      Told().front(),
+      u"TVN has not found navigation packets in your mpg file (Mux OK=No). \r\nThis will cause an authoring errror in "
+      u"99%\r\n\r\nTo avoid this problem, use elementary streams (demultiplex your input) \r\nor use another "
+      u"multiplexer. Continue anyway?");
 }
 
 TEST_F(VideoTitleTest, AcceptStopsAtTheFirstFault) {
@@ -170,7 +173,8 @@ TEST_F(VideoTitleTest, AcceptStopsAtTheFirstFault) {
     bool accepted = false;
   };
   const QString frequency = u"WARNING: Audio must have 48 kHz sampling frequency!\r\nContinue anyway?"_s;
-  const QString resolution = u"WARNING: This resolution: 640 x 480 is not compatible with MuxMan!\r\nContinue anyway?"_s;
+  const QString resolution =
+      u"WARNING: This resolution: 640 x 480 is not compatible with MuxMan!\r\nContinue anyway?"_s;
   const QString rate =
       u"WARNING: The video framerate doesn't fit to the default project settings (NTSC)!\r\nContinue anyway?"_s;
   const auto subtitles =
@@ -186,8 +190,16 @@ TEST_F(VideoTitleTest, AcceptStopsAtTheFirstFault) {
       {"nothing", {}, {}, {}, true},
       {"MuxMan takes 720 by 576", muxMan, {}, {}, true},
       {"only the second subtitle", {}, [](VideoTitle& t) { t.Fields.Subtitle[1] = u"x.srt"_s; }, {subtitles}},
-      {"the first and third sound", {}, [](VideoTitle& t) { t.Fields.Audio = {u"a.ac3"_s, {}, u"b.ac3"_s}; }, {sounds}},
-      {"delay of MuxMan", muxMan, [](VideoTitle& t) { t.Fields.AudioDelay = u"301"_s; }, {u"Must be smaller than 300!"_s}},
+      {"the first and third sound",
+       {},
+       [](VideoTitle& t) {
+         t.Fields.Audio = {u"a.ac3"_s, {}, u"b.ac3"_s};
+       },
+       {sounds}},
+      {"delay of MuxMan",
+       muxMan,
+       [](VideoTitle& t) { t.Fields.AudioDelay = u"301"_s; },
+       {u"Must be smaller than 300!"_s}},
       {"delay of dvdauthor", {}, [](VideoTitle& t) { t.Fields.AudioDelay = u"301"_s; }, {}, true},
       {"delay before subtitles",
        {},
@@ -246,7 +258,8 @@ TEST_F(VideoTitleTest, SoundIsLookedForOnlyWhereThereIsNone) {
   VideoTitle stored(project_, film, prompter_);
   stored.Open();
   EXPECT_EQ(stored.AudioInfoLine(1), Label());
-  EXPECT_EQ(stored.AudioInfoLine(2), (Label{u"Info: Bitrate=192  Sampl.Freq=44100  Duration=00:00:00.000  Size=0MB"_s, true}));
+  EXPECT_EQ(stored.AudioInfoLine(2),
+            (Label{u"Info: Bitrate=192  Sampl.Freq=44100  Duration=00:00:00.000  Size=0MB"_s, true}));
   EXPECT_EQ(stored.Accept()->Audio, (std::array<QString, 3>{u"C:\\gone.ac3"_s, u"C:\\A.MPA"_s, QString()}));
 
   film.Audio = {};
@@ -269,7 +282,7 @@ TEST_F(VideoTitleTest, ShrinkTargets) {
   struct Case {
     QString size;
     QStringList told;
-    QString shown;   // of the size and the factor
+    QString shown;  // of the size and the factor
     int total;
     bool fits;
   } cases[] = {

@@ -42,7 +42,8 @@ class AudioTitleListTest : public testing::Test {
   QString File(const QString& name, int frequencyCode = 0) {
     QByteArray head = QByteArray("\x0B\x77\0\0", 4) + char(frequencyCode << 6 | 20);
     if (!name.endsWith(u"3")) head = QByteArray("\xFF\xFD\xA4\0", 4);
-    if (name.endsWith(u"wav")) head = "RIFF____WAVEfmt ____" + QByteArray("\1\0\2\0\0\x77\1\0\0\xEE\2\0", 12) + QByteArray(8, 0);
+    if (name.endsWith(u"wav"))
+      head = "RIFF____WAVEfmt ____" + QByteArray("\1\0\2\0\0\x77\1\0\0\xEE\2\0", 12) + QByteArray(8, 0);
     if (frequencyCode > 1) head = "x";
     EXPECT_TRUE(HostFiles::WriteAtomically(u"C:\\" + name, head));
     return name;
@@ -73,7 +74,8 @@ TEST_F(AudioTitleListTest, FilesBecomeTitles) {
   EXPECT_FALSE(list.Accept());
   EXPECT_EQ(Told(), QStringList{u"At least one title is necessary!"_s});
   list.Fields.UsePattern = list.Fields.AddTrack = true;
-  list.AddFiles(u"C:\\"_s, {File(u"A - B - 07 - C.ac3"_s), File(u"My_song.ac3"_s), File(u"x.wav"_s), File(u"A - B - 07 - C.ac3"_s)});
+  list.AddFiles(u"C:\\"_s, {File(u"A - B - 07 - C.ac3"_s), File(u"My_song.ac3"_s), File(u"x.wav"_s),
+                            File(u"A - B - 07 - C.ac3"_s)});
   EXPECT_EQ(Told(), QStringList{onlyOneKind_});
   EXPECT_EQ(list.Selected(), 1);
   EXPECT_EQ(list.Rows()[1].Info, u"Bitrate=192  Sampl.Freq=48000  Duration=00:00:00.000  Size=0MB");
@@ -93,7 +95,8 @@ TEST_F(AudioTitleListTest, FilesBecomeTitles) {
   EXPECT_EQ(*store, expected);
   EXPECT_FALSE(list.ChooseTitles());
   EXPECT_TRUE(list.Fields.Chapters && list.MayEditActions());
-  EXPECT_EQ(Told(), QStringList{u"User defined pre/post actions are only possible for audiotitlesets with chapters!"_s});
+  EXPECT_EQ(Told(),
+            QStringList{u"User defined pre/post actions are only possible for audiotitlesets with chapters!"_s});
   list.SetActions({}, {}, {});
   EXPECT_TRUE(list.ChooseTitles());
   EXPECT_FALSE(list.MayEditActions());
