@@ -139,10 +139,12 @@ class CommandMaker {
       if (const Status colored = UsePaletteColors(file); !colored) return colored;
     } else {
       if (kind_ == RunKind::SyntaxCheck) {
+        // The stand-ins are 4:3 films, for which dvdauthor refuses what 16:9 menus exclude.
         if (Status reduced = ReduceToCheck(file, format, *folder); !reduced) return reduced;
+      } else {
+        file.ExcludePanScan();
       }
       file.MapAuthorPaths(map);
-      file.ExcludePanScan();
     }
     return WriteCopy(*folder, file.ToBytes());
   }

@@ -201,6 +201,14 @@ TEST_F(RealTools, TheSyntaxCheckFindsFaultsInAnyCommandAndTouchesNoDisc) {
   EXPECT_FALSE(Contains(good, "ERR")) << good;
   EXPECT_TRUE(Contains(good, "Generating VMGM")) << good;
 
+  WriteText(u"Author.xml"_s,
+            QString::fromUtf8(Read(u"Süße [1] & 100% 'x'/Author.xml"_s))
+                .replace(u"</video>"_s,
+                         u"</video><subpicture><stream id=\"0\" mode=\"widescreen\" />"
+                         "<stream id=\"1\" mode=\"letterbox\" /></subpicture>"_s));
+  const std::string wide = check();
+  EXPECT_FALSE(Contains(wide, "ERR")) << wide;
+
   WriteAuthor(u"jum title 2;"_s, u"exit;"_s, u"exit;"_s, u"nofilm"_s);
   EXPECT_TRUE(Contains(check(), "ERR:  Parse error 'syntax error' on token 'title'"));
   WriteAuthor(u"jump title 2;"_s, u"exit;"_s, u"if (g1 < 1 exit;"_s, u"nofilm"_s);
