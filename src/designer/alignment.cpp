@@ -53,9 +53,9 @@ bool AreElements(const Project& project, const QString& menu, const QStringList&
 
 void PlaceAll(Project& project, const QString& menu, const QStringList& elements,
               const std::vector<QRect>& rectangles) {
-  for (qsizetype i = 0; i < elements.size(); ++i) {
-    PlaceElement(project, menu, elements[i], rectangles[std::size_t(i)].topLeft());
-  }
+  std::vector<QPoint> positions;
+  for (const QRect& rectangle : rectangles) positions.push_back(rectangle.topLeft());
+  PlaceElements(project, menu, elements, positions);
 }
 
 }  // namespace

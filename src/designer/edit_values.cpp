@@ -91,7 +91,7 @@ bool EditCoordinate(EditContext& context, const ProjectNode& node, const QString
   QPoint position = RectangleOf(project.Tree, menu, element).topLeft();
   (isLeft ? position.rx() : position.ry()) = *number;
   Edit edit(project, u"Move element"_s);
-  PlaceElement(project, menu, element, position);
+  PlaceElements(project, menu, {element}, {position});
   edit.Commit();
   return true;
 }
@@ -194,10 +194,14 @@ QRect RectangleOf(const ProjectTree& tree, const QString& menu, const QString& e
           WithinReach(view.Integer(isImage ? element_node::VSize : drawing_node::Height, 0))};
 }
 
-void PlaceElement(Project& project, const QString& menu, const QString& element, QPoint position) {
-  const QStringList partners = PartnersOf(project, menu, element);
-  WritePosition(project.Tree, menu, element, position);
-  for (const QString& partner : partners) WritePosition(project.Tree, menu, partner, position);
+void PlaceElements(Project& project, const QString& menu, const QStringList& elements,
+                   const std::vector<QPoint>& positions) {
+  // An element on its way may cover one that has not moved yet: that makes no group.
+  QList<QStringList> groups;
+  for (const QString& element : elements) groups << QStringList(element) + PartnersOf(project, menu, element);
+  for (qsizetype i = 0; i < groups.size(); ++i) {
+    for (const QString& member : groups[i]) WritePosition(project.Tree, menu, member, positions[std::size_t(i)]);
+  }
 }
 
 bool ToggleValue(EditContext& context, const QString& key) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "designer/edit_context.h"
 
 namespace torvane {
@@ -13,8 +15,10 @@ bool EditValue(EditContext& context, const QString& key, const QString& value);
 /// Switches "Fill=", "Frame=" or "Rounded=" over. Fill and Frame are never both off.
 bool ToggleValue(EditContext& context, const QString& key);
 
-/// Moves an element, and with `AutoGroup` the picture that covers exactly the same rectangle.
-void PlaceElement(Project& project, const QString& menu, const QString& element, QPoint position);
+/// Moves elements to their positions, each with what is grouped with it before any of them moves: with `AutoGroup`
+/// the picture of a button that covers exactly the same rectangle, or the button of a picture.
+void PlaceElements(Project& project, const QString& menu, const QStringList& elements,
+                   const std::vector<QPoint>& positions);
 
 /// Rectangle of an element from its nodes.
 QRect RectangleOf(const ProjectTree& tree, const QString& menu, const QString& element);

@@ -79,5 +79,16 @@ TEST(Alignment, KeepsGroupedElementsTogether) {
   EXPECT_FALSE(AlignElements(bench.context, u"MM"_s, {u"MMB1"_s, u"MMBG"_s}, Alignment::Left));
 }
 
+TEST(Alignment, GroupsNothingThatMeetsOnTheWay) {
+  test::EditBench bench;
+  const auto place = [](int x) { return ElementPlace{.position = QPoint(x, 50), .style = ButtonStyle::Graphic}; };
+  ASSERT_TRUE(AddImage(bench.context, u"C:\\i.png"_s, place(20)));
+  ASSERT_TRUE(AddFreeButton(bench.context, u"x"_s, {}, place(179)));
+  // Gap (720 - 200 - 32) / 3: the picture comes to where the button still stands.
+  ASSERT_TRUE(DistributeElements(bench.context, u"MM"_s, {u"MMI1"_s, u"MMB1"_s}, Distribution::HorizontalPage));
+  EXPECT_EQ(RectangleOf(bench.project.Tree, u"MM"_s, u"MMI1"_s), QRect(179, 50, 100, 80));
+  EXPECT_EQ(RectangleOf(bench.project.Tree, u"MM"_s, u"MMB1"_s), QRect(441, 50, 100, 80));
+}
+
 }  // namespace
 }  // namespace torvane
