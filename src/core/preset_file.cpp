@@ -73,6 +73,7 @@ SettingTexts ReadPreset(const QByteArray& content) {
   const QString text = Decoded(content);
   SettingTexts texts;
   for (const SettingRow* row : PresetRows()) {
+    if (row->key == u"GridLayout") continue;  // a grid is made for the menu at hand, so the user's own stays
     std::optional<QString> value = FindValue(text, PresetKey(*row));
     if (!value) value = FindValue(text, row->preset.otherKey);
     if (value) texts.insert(row->key.toString(), *value);

@@ -19,7 +19,8 @@ QByteArray PresetText(const Settings& settings);
 QString ReadPresetValue(const QString& text, const QString& key, const QString& fallback);
 
 /// The values that a preset holds, by the keys of their settings; ReadSettings takes them over. A value is found under
-/// the name it is written with, or else under the second name that some have. Text that is no UTF-8 is read as Latin-1.
+/// the name it is written with, or else under the second name that some have. `GridLayout` is written but never read.
+/// Text that is no UTF-8 is read as Latin-1.
 SettingTexts ReadPreset(const QByteArray& content);
 
 /// Writes a preset file. On failure the former file stands; the text is message 157 and the reason.
