@@ -49,5 +49,32 @@ void CompileControlFiles(benchmark::State& state) {
 }
 BENCHMARK(CompileControlFiles)->Unit(benchmark::kMillisecond);
 
+/// The same with a titleset for each film, 36 buttons in its menu and 9 submenus more.
+void CompileTitlesets(benchmark::State& state) {
+  Settings settings = test::FixedSettings();
+  settings.AdjNTSCtc = settings.CommentXML = settings.GoNextTitle = true;
+  settings.NoTitleSets = false;
+  Project project(settings);
+  FillLargestProject(project);
+  int slot = 0;
+  for (int film = 1; film <= kMaxFilms; ++film) {
+    const QString root = TitleSetMenuKey(film);
+    AddMenuSubtree(project, {.kind = MenuKind::TitleSetRoot, .number = film, .key = root});
+    FillMenu(project, root);
+    test::AddNode(project, root, root + u"M|SubMenus");
+    for (int number = 1; number <= 9; ++number) {
+      const QString key = SubMenuKey(++slot);
+      test::AddNode(project, root + u"M", root + u"M%1|SubMenu|%2"_s.arg(number).arg(key));
+      AddMenuSubtree(project, {.kind = MenuKind::TitleSetSubMenu, .number = number, .key = key});
+      FillMenu(project, key);
+    }
+  }
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(WriteAuthorXmlTitlesets(project, AuthorMode::Run));
+    benchmark::DoNotOptimize(WriteVideoBatch(project));
+  }
+}
+BENCHMARK(CompileTitlesets)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace torvane

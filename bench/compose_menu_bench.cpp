@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include "platform/host_files.h"
+#include "render/audio_slide.h"
 #include "render/compositor.h"
 #include "support/menu_builder.h"
 
@@ -43,6 +44,29 @@ void ComposeFullMenu(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(ComposeMenu(menu, project.Settings, ComposeMode::Compile));
 }
 BENCHMARK(ComposeFullMenu)->ArgNames({"blur", "wide"})->ArgsProduct({{0, 1}, {0, 1}})->Unit(benchmark::kMillisecond);
+
+/// One slide of an audio titleset as a picture file; 96 of them belong to a full one.
+void DrawSlide(benchmark::State& state) {
+  const QTemporaryDir dir;
+  QImage image(1024, 768, QImage::Format_RGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x / 4, y / 3, x * y % 256));
+  }
+  image.save(dir.filePath(u"image.jpg"_s));
+  AudioLayout layout;
+  layout.Author = {.Font = {.Size = 24}, .Color = 0xFFFFFF, .XPos = 60, .YPos = 100};
+  layout.Title = layout.Album = layout.Author;
+  layout.UseBlur = state.range(0) != 0;
+  layout.BlurX = layout.BlurY = 50;
+  const QString file = HostFiles::ToDos(dir.filePath(u"image.jpg"_s));
+  const AudioTitle title{{}, u"The artist"_s, u"The album"_s, u"The title"_s, file, 0};
+  PictureLoader pictures(u"film 1"_s);
+  for (auto _ : state) {
+    const QImage slide = DrawAudioSlide(title, layout, test::FixedSettings(), pictures);
+    benchmark::DoNotOptimize(EncodePicture(slide, u"slide.png"_s));
+  }
+}
+BENCHMARK(DrawSlide)->ArgName("blur")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace torvane

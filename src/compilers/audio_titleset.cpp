@@ -80,7 +80,7 @@ void AudioFolderLines(LineText& out, const Settings& settings) {
   out.Line("mkdir " + folder);
 }
 
-void AudioTrackLines(LineText& out, const Project& project, int film) {
+void WriteAudioTitleSet(LineText& out, const Project& project, int film) {
   const Settings& settings = project.Settings;
   const auto tool = [&](QStringView name) { return QuotedBatchPath(settings.DvdAuthorPath + u'\\' + name); };
   const QByteArray options = settings.DefMenuRatio ? " -f 8 -q 1 -b 7000 -a 3 -o " : " -f 8 -q 1 -b 5000 -a 2 -o ";
@@ -99,7 +99,7 @@ void AudioTrackLines(LineText& out, const Project& project, int film) {
   }
 }
 
-TrackClock::Play TrackClock::Next(const AudioTrackTime& track) {
+TrackClock::Play TrackClock::TrackTimeCode(const AudioTrackTime& track) {
   if (const std::optional<QString> whole = CompletedTimeCode(track.Duration)) return {*whole, 0};
   const qsizetype point = track.Duration.indexOf(u'.');
   const QString seconds = track.Duration.left(point);
@@ -121,7 +121,7 @@ TrackClock::Play TrackClock::Next(const AudioTrackTime& track) {
   return {seconds + u':' + QString::number(frames), wholeSeconds + frames / rate_};
 }
 
-QByteArray AudioSegment(const Project& project, int film, const std::vector<AudioTrackTime>& times) {
+QByteArray WriteAudioSegment(const Project& project, int film, const std::vector<AudioTrackTime>& times) {
   const Settings& settings = project.Settings;
   const double rate = settings.VideoNormPal ? 25 : 29.97;
   const std::vector<AudioTitle> titles = ReadAudioTitleSet(project.Tree, film).Titles;
@@ -141,7 +141,7 @@ QByteArray AudioSegment(const Project& project, int film, const std::vector<Audi
   std::vector<double> starts;
   double start = 0;
   for (int i = 0; i < count; ++i) {
-    const TrackClock::Play play = clock.Next(times[i]);
+    const TrackClock::Play play = clock.TrackTimeCode(times[i]);
     starts.push_back(start);
     start = std::round((start + play.Exact) * 1e4) / 1e4;
     out.Open(u"Video Play"_s);

@@ -27,7 +27,7 @@ void AudioFolderLines(LineText& out, const Settings& settings);
 
 /// The dvdauthor lines of an audio titleset: for each track one frame of video, multiplexed with the sound, with
 /// navigation packets.
-void AudioTrackLines(LineText& out, const Project& project, int film);
+void WriteAudioTitleSet(LineText& out, const Project& project, int film);
 
 /// Playing time of a track, as AudioInfo has it.
 struct AudioTrackTime {
@@ -48,7 +48,7 @@ class TrackClock {
     double Exact = 0;  ///< seconds that the picture stands
     bool operator==(const Play&) const = default;
   };
-  Play Next(const AudioTrackTime& track);
+  Play TrackTimeCode(const AudioTrackTime& track);
 
  private:
   double rate_;
@@ -57,6 +57,6 @@ class TrackClock {
 
 /// The segment of an audio titleset in the project file of MuxMan: a picture, a sound file and a scene for each track.
 /// `times` holds one entry a track. UTF-8, CR LF, indented by tabs from the first level on.
-QByteArray AudioSegment(const Project& project, int film, const std::vector<AudioTrackTime>& times);
+QByteArray WriteAudioSegment(const Project& project, int film, const std::vector<AudioTrackTime>& times);
 
 }  // namespace torvane

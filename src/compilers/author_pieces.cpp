@@ -68,7 +68,7 @@ void AuthorPieces::VideoFormat() {
                                            : u"    <video format=\"ntsc\"></video>");
 }
 
-void AuthorPieces::VideoElement(bool wide) {
+void AuthorPieces::WriteVideoElement(bool wide) {
   VideoFormat();
   if (!wide) return;
   out_.Line(u"      <subpicture>");
@@ -152,7 +152,7 @@ QString AuthorPieces::Stem(const FilmView& film) const {
   return project_.Settings.TempDir + u'\\' + film.Name();
 }
 
-void AuthorPieces::MenuPgc(const QString& menuKey, int number, bool playAll) {
+void AuthorPieces::WriteMenuPgc(const QString& menuKey, int number, bool playAll) {
   const MenuView menu(project_.Tree, menuKey);
   MenuComment(menu, number);
   const QString type = menu.Type();

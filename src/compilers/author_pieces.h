@@ -34,7 +34,7 @@ class AuthorPieces {
   /// The video format line of the norm.
   void VideoFormat();
   /// The video element; on a 16:9 menu with its two subpicture streams.
-  void VideoElement(bool wide);
+  void WriteVideoElement(bool wide);
   /// One line per button that exists on the disc, then the pseudo buttons of an auto action button. `playAll` is what
   /// stands for the action "Play_all"; nothing is replaced when it is empty.
   void Buttons(const MenuView& menu, const QString& playAll);
@@ -44,7 +44,7 @@ class AuthorPieces {
   /// highlight when a menu jumps to its own cell.
   void LoopPost(const MenuView& menu, const QString& repeat);
   /// The PGC of a submenu, `number` being its number within its domain.
-  void MenuPgc(const QString& menuKey, int number, bool playAll);
+  void WriteMenuPgc(const QString& menuKey, int number, bool playAll);
   /// The languages of the film's streams.
   void Languages(const FilmView& film);
   /// The start of the film's PGC, with its palette.

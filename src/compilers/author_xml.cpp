@@ -44,7 +44,7 @@ class SingleWriter {
     const MenuView menu(project_.Tree, MainMenuKey());
     out_.Line(u"    <menus>");
     if (settings_.CommentXML) out_.Line(u"      <!-- vmgm menu 1 (MainMenu) --> ");
-    pieces_.VideoElement(settings_.DefMenuRatio);
+    pieces_.WriteVideoElement(settings_.DefMenuRatio);
     out_.Line(u"      <pgc>");
     MainMenuPre(menu);
     const QString file = RootMenuFile(settings_, menu, mode_);
@@ -53,7 +53,7 @@ class SingleWriter {
     pieces_.MainMenuPost();
     out_.Line(u"      </pgc>");
     int number = 2;
-    for (const QString& key : menu.SubMenuKeys()) pieces_.MenuPgc(key, number++, playAll_);
+    for (const QString& key : menu.SubMenuKeys()) pieces_.WriteMenuPgc(key, number++, playAll_);
     out_.Line(u"    </menus>");
   }
 

@@ -75,7 +75,7 @@ class TitlesetWriter {
 
   void VmgmWithMenus() {
     const MenuView menu = MainMenu();
-    pieces_.VideoElement(settings_.DefMenuRatio);
+    pieces_.WriteVideoElement(settings_.DefMenuRatio);
     out_.Line(u"      <pgc entry=\"title\">");
     const QString pre = PreAction(menu);
     if (!pre.isEmpty()) {
@@ -88,7 +88,7 @@ class TitlesetWriter {
     pieces_.MainMenuPost();
     out_.Line(u"      </pgc>");
     firstJumpPgc_ = 2;
-    for (const QString& key : menu.SubMenuKeys()) pieces_.MenuPgc(key, firstJumpPgc_++, playAll_);
+    for (const QString& key : menu.SubMenuKeys()) pieces_.WriteMenuPgc(key, firstJumpPgc_++, playAll_);
     if (chained_) JumpPgcs();
   }
 
@@ -172,7 +172,7 @@ class TitlesetWriter {
   }
 
   void Menus(const FilmView& film, const MenuView& root) {
-    pieces_.VideoElement(root.IsWide(settings_));
+    pieces_.WriteVideoElement(root.IsWide(settings_));
     out_.Line(u"      <pgc entry=\"root\">");
     const QString pre = PreAction(root);
     if (!pre.isEmpty()) {
@@ -185,7 +185,7 @@ class TitlesetWriter {
     RootPost(root);
     out_.Line(u"      </pgc>");
     int number = 2;
-    for (const QString& key : root.SubMenuKeys()) pieces_.MenuPgc(key, number++, playAll_);
+    for (const QString& key : root.SubMenuKeys()) pieces_.WriteMenuPgc(key, number++, playAll_);
   }
 
   /// True for a root menu that has nothing to show but its Back button: the titleset then starts with its title.

@@ -140,11 +140,15 @@ bool CreateDvdPipeline::WriteAudioSlides(int film) {
 bool CreateDvdPipeline::CompileMenus() {
   const Settings& settings = project_.Settings;
   // Which PGCs pass on without being seen, and so need the empty menu, depends on the form of the control file.
-  if (settings.NoMenus) return settings.NoTitleSets || WriteEmptyMenu();
-  if (!CompileMenus(MainMenuKeys(project_))) return false;
-  if ((settings.NoTitleSets || settings.UseIntro) && !WriteEmptyMenu()) return false;
-  return settings.NoTitleSets || CompileMenus(TitlesetMenuKeys(project_));
+  if (settings.NoMenus) return settings.NoTitleSets || WriteEmptyBackgroundBatch();
+  if (!CompileMainMenus()) return false;
+  if ((settings.NoTitleSets || settings.UseIntro) && !WriteEmptyBackgroundBatch()) return false;
+  return settings.NoTitleSets || CompileTitlesetMenus();
 }
+
+bool CreateDvdPipeline::CompileMainMenus() { return CompileMenus(MainMenuKeys(project_)); }
+
+bool CreateDvdPipeline::CompileTitlesetMenus() { return CompileMenus(TitlesetMenuKeys(project_)); }
 
 bool CreateDvdPipeline::CompileMenus(const QStringList& keys) {
   return std::ranges::all_of(keys, [this](const QString& key) { return CompileMenu(key); });
@@ -169,7 +173,7 @@ bool CreateDvdPipeline::CompileMenu(const QString& key) {
          AddBatch(key + u"Brun2.bat", StillMenuBatch2(menu, settings));
 }
 
-bool CreateDvdPipeline::WriteEmptyMenu() {
+bool CreateDvdPipeline::WriteEmptyBackgroundBatch() {
   const Settings& settings = project_.Settings;
   const QString name = u"EmptyBackg.jpg"_s;
   const Result<QByteArray> picture = EncodePicture(EmptyMenuPicture(settings), name);

@@ -56,9 +56,11 @@ class CreateDvdPipeline {
   bool WriteAudioSlides(int film);
   QByteArray AuthorXml(AuthorMode mode) const;
   bool CompileMenus();
+  bool CompileMainMenus();
+  bool CompileTitlesetMenus();
   bool CompileMenus(const QStringList& keys);
   bool CompileMenu(const QString& key);
-  bool WriteEmptyMenu();
+  bool WriteEmptyBackgroundBatch();
   bool WriteIsoBatch(BatchUse use);
   bool AddBatch(const QString& name, const QByteArray& text);
   bool WriteTemp(const QString& name, const QByteArray& content);

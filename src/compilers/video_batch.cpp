@@ -60,7 +60,7 @@ class BatchWriter {
   void AudioTitleSet(int film) {
     if (!hasAudioFolder_) AudioFolderLines(out_, settings_);
     hasAudioFolder_ = true;
-    AudioTrackLines(out_, project_, film);
+    WriteAudioTitleSet(out_, project_, film);
   }
 
   void FilmToMultiplex(const FilmView& film) {
@@ -122,9 +122,9 @@ class BatchWriter {
     const bool hasPalette = film.Text(film_node::SubColors).has_value();
     const bool isBitmaps = file.endsWith(u"sup", Qt::CaseInsensitive);
     if (isBitmaps) {
-      SupConversion(film, file, control, hasPalette);
+      WriteSupConversion(film, file, control, hasPalette);
     } else {
-      result_.controlFiles.push_back({control, WriteTextSubXml(file, film.SubtitleFormat(stream))});
+      result_.controlFiles.push_back({control, WriteTextSubXml(file, SubFormatAttributes(film.SubtitleFormat(stream)))});
     }
     QByteArray line = Tool("spumux.exe");
     if (!isBitmaps && hasPalette) line += " -ma";
@@ -136,7 +136,7 @@ class BatchWriter {
     out_.Line(u"echo.");
   }
 
-  void SupConversion(const FilmView& film, const QString& file, const QString& control, bool hasPalette) {
+  void WriteSupConversion(const FilmView& film, const QString& file, const QString& control, bool hasPalette) {
     const QByteArray sup = QuotedBatchPath(Temp(u"TempSub.sup"_s));
     out_.Line("erase " + QuotedBatchPath(Temp(u"TempSub.d\\*.*"_s)) + " /Q");
     out_.Line("rmdir " + QuotedBatchPath(Temp(u"TempSub.d"_s)));

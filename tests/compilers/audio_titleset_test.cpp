@@ -66,7 +66,7 @@ TEST_F(AudioTitlesetTest, TheSegmentForMuxMan) {
   project_.Settings.Engine = 1;
   project_.Settings.DefMenuRatio = true;
   project_.Settings.Def169Mode = 1;
-  QByteArray segment = AudioSegment(project_, 1, {{u"00:00:03.420"_s, 3.42}, {u"00:01:00.000"_s, 60}});
+  QByteArray segment = WriteAudioSegment(project_, 1, {{u"00:00:03.420"_s, 3.42}, {u"00:01:00.000"_s, 60}});
   EXPECT_EQ(segment.replace("\t", "> "), WithCrLf(R"(> Item=Segment
 > {
 > > Name=Segment_1
@@ -124,7 +124,7 @@ TEST_F(AudioTitlesetTest, TheSegmentForMuxMan) {
   for (const auto& [wide, mode, text] : modes) {
     project_.Settings.DefMenuRatio = wide;
     project_.Settings.Def169Mode = mode;
-    EXPECT_EQ(test::LinesWith(AudioSegment(project_, 2, {{u"00:00:01.000"_s, 1}}), "Display Mode"),
+    EXPECT_EQ(test::LinesWith(WriteAudioSegment(project_, 2, {{u"00:00:01.000"_s, 1}}), "Display Mode"),
               QList<QByteArray>{"Display Mode=" + text});
   }
 }
@@ -147,7 +147,7 @@ TEST(TrackClock, RoundsUpUntilAFrameIsTooMuch) {
   for (const auto& [rate, times] : cases) {
     TrackClock clock(rate);
     for (const auto& [track, play] : times) {
-      const TrackClock::Play found = clock.Next(track);
+      const TrackClock::Play found = clock.TrackTimeCode(track);
       EXPECT_EQ(found.TimeCode, play.TimeCode) << track.Duration.toStdString();
       EXPECT_DOUBLE_EQ(found.Exact, play.Exact) << track.Duration.toStdString();
     }
