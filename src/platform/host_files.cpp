@@ -41,7 +41,9 @@ QString FindComponent(const QString& directory, const QString& component) {
   return component;
 }
 
-QString HostReason(const QString& hostPath, const QString& reason) { return u"%1: %2"_s.arg(hostPath, reason); }
+QString HostReason(const QString& hostPath, const QString& reason) {
+  return u"%1: %2"_s.arg(hostPath, reason);
+}
 
 QStringList Names(const QString& dosDir, QDir::Filters filters) {
   return QDir(HostFiles::ToHost(dosDir)).entryList(filters | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
@@ -62,8 +64,9 @@ QString HostFiles::ToHost(const QString& dosPath) {
     path = DriveRoot(rest[0]);
     rest.remove(0, 2);
   } else if (rest.startsWith(u'/')) {
-    path = u"/"_s;
+    path = DriveRoot(CurrentDirectory()[0]);
   }
+  if (!path.isEmpty() && rest.contains(u"..")) rest = ComponentsWithinRoot(rest).join(u'/');
   // The usual case needs no look at any directory.
   const QString asWritten = QDir::cleanPath(path.isEmpty() ? rest : path + u'/' + rest);
   if (Exists(asWritten)) return asWritten;
@@ -78,6 +81,31 @@ QString HostFiles::ToHost(const QString& dosPath) {
     }
   }
   return QDir::cleanPath(path);
+}
+
+QStringList HostFiles::ComponentsWithinRoot(const QString& path) {
+  QStringList components;
+  for (const QString& component : QString(path).replace(u'\\', u'/').split(u'/', Qt::SkipEmptyParts)) {
+    if (component == u"..") {
+      if (!components.isEmpty()) components.removeLast();
+    } else if (component != u".") {
+      components << component;
+    }
+  }
+  return components;
+}
+
+QString HostFiles::CurrentDirectory() {
+  const QString current = QDir::currentPath();
+  QString best;
+  qsizetype bestRoot = 0;
+  for (char16_t letter = u'A'; letter <= u'Y'; ++letter) {
+    const QString root = QFileInfo(DriveRoot(letter)).canonicalFilePath();
+    if (root.size() <= bestRoot || (current != root && !current.startsWith(root + u'/'))) continue;
+    bestRoot = root.size();
+    best = QChar(letter) + u":\\"_s + current.sliced(root.size()).mid(1).replace(u'/', u'\\');
+  }
+  return best.isEmpty() ? ToDos(current) : best;
 }
 
 QString HostFiles::ToDos(const QString& hostPath) {
@@ -100,7 +128,9 @@ bool HostFiles::FileExists(const QString& dosPath) {
   return !dosPath.isEmpty() && info.exists() && !info.isDir();
 }
 
-bool HostFiles::DirExists(const QString& dosPath) { return !dosPath.isEmpty() && QFileInfo(ToHost(dosPath)).isDir(); }
+bool HostFiles::DirExists(const QString& dosPath) {
+  return !dosPath.isEmpty() && QFileInfo(ToHost(dosPath)).isDir();
+}
 
 std::optional<qint64> HostFiles::FileSizeOf(const QString& dosPath) {
   if (!FileExists(dosPath)) return std::nullopt;
@@ -132,18 +162,26 @@ Status HostFiles::Append(const QString& dosPath, const QByteArray& content) {
   return {};
 }
 
-bool HostFiles::MakeDir(const QString& dosPath) { return !dosPath.isEmpty() && QDir().mkpath(ToHost(dosPath)); }
+bool HostFiles::MakeDir(const QString& dosPath) {
+  return !dosPath.isEmpty() && QDir().mkpath(ToHost(dosPath));
+}
 
 bool HostFiles::RemoveFile(const QString& dosPath) {
   const QString path = ToHost(dosPath);
   return !Exists(path) || QFile::remove(path);
 }
 
-bool HostFiles::RemoveDir(const QString& dosPath) { return QDir().rmdir(ToHost(dosPath)); }
+bool HostFiles::RemoveDir(const QString& dosPath) {
+  return QDir().rmdir(ToHost(dosPath));
+}
 
-QStringList HostFiles::FileNames(const QString& dosDir) { return Names(dosDir, QDir::Files | QDir::System); }
+QStringList HostFiles::FileNames(const QString& dosDir) {
+  return Names(dosDir, QDir::Files | QDir::System);
+}
 
-QStringList HostFiles::DirNames(const QString& dosDir) { return Names(dosDir, QDir::Dirs); }
+QStringList HostFiles::DirNames(const QString& dosDir) {
+  return Names(dosDir, QDir::Dirs);
+}
 
 bool HostFiles::IsWritableDir(const QString& dosDir) {
   if (!DirExists(dosDir)) return false;

@@ -16,11 +16,21 @@ namespace torvane {
 /// else the folder "torvane/drive_x" in the user's data directory. A component that is not found as written is
 /// looked up without regard to case, so that "C:\Films\A.MPG" finds "films/a.mpg".
 ///
-/// A relative DOS path is relative to the current directory of the process.
+/// A relative DOS path is relative to the current directory of the process. One that begins with a backslash but has no
+/// drive, two backslashes included, begins at the root of the drive on which that directory lies. In a path with a root
+/// ".." ends there: no path leads out of its drive's folder.
 class HostFiles {
  public:
   /// Host path of a DOS path. What does not exist is mapped as written. "" for "".
   static QString ToHost(const QString& dosPath);
+
+  /// The current directory of the process as a DOS path: on the drive whose folder holds it, else on drive Z. Without a
+  /// closing backslash, but for a drive's root.
+  static QString CurrentDirectory();
+
+  /// The components of a path from a root, with slashes of either kind; "." and ".." are taken out, and ".." goes no
+  /// further up than the root.
+  static QStringList ComponentsWithinRoot(const QString& path);
 
   /// DOS path of a host path: "/home/u/a.m2v" is "Z:\home\u\a.m2v". A relative path keeps being relative.
   static QString ToDos(const QString& hostPath);

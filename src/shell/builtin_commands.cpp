@@ -229,7 +229,7 @@ int ChangeDirectory(const BuiltinCall& call) {
   }
   path.remove(u'"');
   if (path.isEmpty()) {
-    PrintText(call.streams.out, CurrentDosDirectory() + u'\n');
+    PrintText(call.streams.out, HostFiles::CurrentDirectory() + u'\n');
     return 0;
   }
   if (QDir::setCurrent(HostFiles::ToHost(ResolveDosPath(path)))) return 0;

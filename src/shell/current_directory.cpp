@@ -1,6 +1,5 @@
 #include "shell/current_directory.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QStringList>
 
@@ -9,19 +8,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
-
-QString CurrentDosDirectory() {
-  const QString current = QDir::currentPath();
-  QString best;
-  qsizetype bestRoot = 0;
-  for (char16_t letter = u'A'; letter <= u'Y'; ++letter) {
-    const QString root = QFileInfo(HostFiles::ToHost(QChar(letter) + u":\\"_s)).canonicalFilePath();
-    if (root.size() <= bestRoot || (current != root && !current.startsWith(root + u'/'))) continue;
-    bestRoot = root.size();
-    best = QChar(letter) + u":\\"_s + current.sliced(root.size()).mid(1).replace(u'/', u'\\');
-  }
-  return best.isEmpty() ? HostFiles::ToDos(current) : best;
-}
 
 QString ResolveDosPath(const QString& path) {
   if (path.isEmpty()) return {};
@@ -32,22 +18,14 @@ QString ResolveDosPath(const QString& path) {
   QString rest = plain.mid(2);
   if (!HostFiles::HasDrive(plain)) {
     if (!plain.startsWith(u'\\') && !climbs) return path;
-    const QString current = CurrentDosDirectory();
+    const QString current = HostFiles::CurrentDirectory();
     drive = current.left(2);
     rest = plain.startsWith(u'\\') ? plain : QString(current.mid(2) + u'\\' + plain);
   } else if (!rest.startsWith(u'\\')) {
-    const QString current = CurrentDosDirectory();
+    const QString current = HostFiles::CurrentDirectory();
     if (current.startsWith(drive, Qt::CaseInsensitive)) rest = current.mid(2) + u'\\' + rest;
   }
-  QStringList components;
-  for (const QString& component : rest.split(u'\\', Qt::SkipEmptyParts)) {
-    if (component == u"..") {
-      if (!components.isEmpty()) components.removeLast();
-    } else if (component != u".") {
-      components << component;
-    }
-  }
-  return drive + u'\\' + components.join(u'\\');
+  return drive + u'\\' + HostFiles::ComponentsWithinRoot(rest).join(u'\\');
 }
 
 bool LiesInMachineRoot(const QString& path) {

@@ -4,10 +4,6 @@
 
 namespace torvane {
 
-/// The current directory as a DOS path: on the drive whose folder holds it, else on drive Z. Without a closing
-/// backslash, but for a drive's root.
-QString CurrentDosDirectory();
-
 /// A path of a batch made safe to map: one that begins with a backslash lies on the current drive, not in the root of
 /// this machine; "C:name" lies in the current directory when that is on C; ".." ends at the drive's root. A plain
 /// relative path is returned as it is.

@@ -26,7 +26,7 @@ constexpr int kNoSuchProgram = 9009;
 
 Shell::Shell(const Streams& streams) : streams_(streams), console_(streams.out) {
   variables_.dynamic = [this](const QString& name) -> std::optional<QString> {
-    if (name == u"CD") return CurrentDosDirectory();
+    if (name == u"CD") return HostFiles::CurrentDirectory();
     if (name == u"ERRORLEVEL") return QString::number(errorLevel_);
     return std::nullopt;
   };
@@ -43,7 +43,7 @@ void Shell::RunLine(const QString& line) {
 }
 
 void Shell::PrintPrompt() {
-  PrintText(streams_.out, CurrentDosDirectory() + u'>');
+  PrintText(streams_.out, HostFiles::CurrentDirectory() + u'>');
 }
 
 void Shell::RunInteractively() {
@@ -92,7 +92,7 @@ void Shell::RunFrame(Frame frame) {
 void Shell::RunExpanded(const QString& line) {
   if (line.trimmed().isEmpty()) return;
   const ParsedLine parsed = ParseCommandLine(line);
-  if (echo_ && !parsed.quiet) PrintText(streams_.out, u'\n' + CurrentDosDirectory() + u'>' + line + u'\n');
+  if (echo_ && !parsed.quiet) PrintText(streams_.out, u'\n' + HostFiles::CurrentDirectory() + u'>' + line + u'\n');
   RunParsed(parsed);
 }
 

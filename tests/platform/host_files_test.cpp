@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -31,6 +32,31 @@ TEST_F(HostFilesTest, MapsDrivesBothWays) {
   EXPECT_TRUE(HostFiles::ToHost(u"Q:\\x"_s).endsWith(u"/torvane/drive_q/x"_s));
   EXPECT_EQ(HostFiles::ToHost(u"relative\\x.bat"_s), u"relative/x.bat"_s);
   EXPECT_EQ(HostFiles::ToHost(QString()), QString());
+}
+
+TEST_F(HostFilesTest, NoPathLeadsOutOfItsDrive) {
+  const QString root = dir_.path();
+  const QString former = QDir::currentPath();
+  QDir().mkpath(dir_.filePath(u"work"_s));
+  QDir::setCurrent(dir_.filePath(u"work"_s));
+  const std::vector<std::pair<QString, QString>> paths{
+      {u"C:\\..\\..\\etc\\passwd"_s, root + u"/etc/passwd"_s},
+      {u"C:\\a\\..\\..\\b\\.\\c"_s, root + u"/b/c"_s},
+      {u"C:..\\.."_s, root},
+      {u"Z:\\..\\..\\usr"_s, u"/usr"_s},
+      {u"\\usr\\bin"_s, root + u"/usr/bin"_s},
+      {u"/usr/bin"_s, root + u"/usr/bin"_s},
+      {u"\\"_s, root},
+      {u"\\\\server\\share\\a"_s, root + u"/server/share/a"_s},
+      {u"\\..\\..\\etc"_s, root + u"/etc"_s},
+      {u"..\\x"_s, u"../x"_s},
+  };
+  EXPECT_EQ(HostFiles::CurrentDirectory(), u"C:\\work"_s);
+  for (const auto& [dos, host] : paths) EXPECT_EQ(HostFiles::ToHost(dos), host) << dos.toStdString();
+  QDir::setCurrent(u"/usr"_s);
+  EXPECT_EQ(HostFiles::CurrentDirectory(), u"Z:\\usr"_s);
+  EXPECT_EQ(HostFiles::ToHost(u"\\usr\\bin"_s), u"/usr/bin"_s);
+  QDir::setCurrent(former);
 }
 
 TEST_F(HostFilesTest, TakesWhatAUserTypes) {
