@@ -21,6 +21,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
+constexpr qsizetype kAllStreams = 2 * qsizetype(kFilmStreams);  ///< of sound and of subtitles
+
 const QString kLineBreak = u"\r\n"_s;
 
 /// The preparation of one film from the options of a command.
@@ -134,8 +136,7 @@ class TitleOptions {
   bool TakeLanguages(VideoTitle& title) {
     if (!Has(u"--languages"_s)) return true;
     const QStringList tags = line_.Option(u"--languages"_s).split(u',');
-    if (tags.size() > 2 * kFilmStreams)
-      return Refuse(u"--languages takes six tags: three of sound, three of subtitles."_s);
+    if (tags.size() > kAllStreams) return Refuse(u"--languages takes six tags: three of sound, three of subtitles."_s);
     for (qsizetype i = 0; i < tags.size(); ++i) {
       const QString tag = tags[i].trimmed().toUpper();
       const int language = LanguageOfTag(tag);

@@ -59,7 +59,7 @@ QStringList SubtitleFonts(const QString& windowsDir) {
 
 QString FontViewer(const QString& windowsDir, Prompter& prompter) {
   for (const QStringView place : {QStringView(u"\\system32\\fontview.exe"), QStringView(u"\\fontview.exe")}) {
-    const QString viewer = windowsDir + place;
+    QString viewer = windowsDir + place;
     if (HostFiles::FileExists(viewer)) return viewer;
   }
   prompter.Inform(GetMessage(613));
