@@ -68,7 +68,6 @@ bool DeleteButton(EditContext& context, const QString& menu, int number) {
     if (playList && !playList->Next()) project.Tree.Remove(key);
     const ProjectNode* group = project.Tree.Find(PlayListsKey(film));
     if (group && group->ChildCount() == 0) project.Tree.Remove(PlayListsKey(film));
-    RenumberButtons(project, menu, ButtonKind::PlayList);
   }
   edit.Commit();
   return true;

@@ -95,6 +95,21 @@ TEST(EditFilms, OnlyTheLastFilmGoesWithAllThatBelongsToIt) {
   EXPECT_EQ(bench.project.FilmCount, 1);
 }
 
+TEST(EditFilms, APlaylistGoesWithItsButtonWhenItIsTheLast) {
+  Settings settings;
+  settings.Engine = 1;
+  test::EditBench bench(settings);
+  ASSERT_TRUE(AddFilm(bench.context, Film(u"a"_s), {}));
+  ASSERT_TRUE(AddPlayList(bench.context, {.Film = 1, .List = u"01"_s}, {}));
+  ASSERT_TRUE(AddPlayList(bench.context, {.Film = 1, .List = u"01"_s}, {}));
+  ASSERT_TRUE(DeleteNode(bench.context, u"MMB2"_s));
+  EXPECT_EQ(bench.Children(u"FP1P"_s), QStringList({u"PlayList1"_s, u"PlayList2"_s}));
+  // The ordinals of a kind are given anew when a button comes, not when one goes.
+  EXPECT_EQ(bench.Children(u"MMB"_s), QStringList({u"FilmButton1"_s, u"PlayListButton2"_s}));
+  ASSERT_TRUE(DeleteNode(bench.context, u"MMB3"_s));
+  EXPECT_EQ(bench.Children(u"FP1P"_s), QStringList(u"PlayList1"_s));
+}
+
 TEST(EditFilms, AnAnimatedFilmTakesItsAnimationAlong) {
   test::EditBench bench;
   ASSERT_TRUE(AddFilm(bench.context, Film(u"a"_s), {}));
