@@ -1,7 +1,7 @@
 #include "compilers/menu_files.h"
 
 #include "core/messages.h"
-#include "platform/host_files.h"
+#include "platform/generated_file.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -10,7 +10,7 @@ namespace torvane {
 Status WriteMenuFiles(const ComposedMenu& menu, const QString& dir) {
   Status written = WriteMenuPictures(menu.Pictures, menu.MenuKey, dir);
   for (const auto& [name, text] : {std::pair(u"Spu.xml"_s, menu.SpuXml), std::pair(u"SpuL.xml"_s, menu.SpuLXml)}) {
-    if (written && !text.isEmpty()) written = HostFiles::WriteAtomically(dir + u'\\' + menu.MenuKey + name, text);
+    if (written && !text.isEmpty()) written = WriteGeneratedFile(dir + u'\\' + menu.MenuKey + name, text);
   }
   return written;
 }

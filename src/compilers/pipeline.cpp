@@ -11,7 +11,7 @@
 #include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"
-#include "platform/host_files.h"
+#include "platform/generated_file.h"
 #include "render/audio_slide.h"
 #include "render/menu_encoding.h"
 #include "run/source_guard.h"
@@ -104,7 +104,7 @@ bool CreateDvdPipeline::WriteVideoFiles() {
   const VideoBatch video = WriteVideoBatch(project_);
   for (const GeneratedFile& palette : video.palettes) WritePaletteFile(palette);
   for (const GeneratedFile& file : video.controlFiles) {
-    if (!Succeeded(HostFiles::WriteAtomically(file.path, file.content))) return false;
+    if (!Succeeded(WriteGeneratedFile(file.path, file.content))) return false;
   }
   for (int i = 1; i <= project_.FilmCount; ++i) {
     if (FilmView(project_.Tree, i).IsAudioTitleSet() && !WriteAudioSlides(i)) return false;
@@ -114,7 +114,7 @@ bool CreateDvdPipeline::WriteVideoFiles() {
 
 void CreateDvdPipeline::WritePaletteFile(const GeneratedFile& palette) {
   errno = 0;
-  const Status written = HostFiles::WriteAtomically(palette.path, palette.content);
+  const Status written = WriteGeneratedFile(palette.path, palette.content);
   const int number = errno;
   if (!written) prompter_.Warn(written.Error() + u"   " + QString::number(number));
 }
@@ -131,7 +131,7 @@ bool CreateDvdPipeline::WriteAudioSlides(int film) {
       prompter_.Fail(picture.Error());
       return false;
     }
-    if (!Succeeded(HostFiles::WriteAtomically(path, *picture))) return false;
+    if (!Succeeded(WriteGeneratedFile(path, *picture))) return false;
   }
   for (const QString& error : pictures.Errors()) prompter_.Warn(error);
   return true;
@@ -195,7 +195,7 @@ bool CreateDvdPipeline::AddBatch(const QString& name, const QByteArray& text) {
 }
 
 bool CreateDvdPipeline::WriteTemp(const QString& name, const QByteArray& content) {
-  return Succeeded(HostFiles::WriteAtomically(project_.Settings.TempDir + u'\\' + name, content));
+  return Succeeded(WriteGeneratedFile(project_.Settings.TempDir + u'\\' + name, content));
 }
 
 bool CreateDvdPipeline::Succeeded(const Status& status) {

@@ -4,7 +4,7 @@
 #include <QImageWriter>
 
 #include "core/text.h"
-#include "platform/host_files.h"
+#include "platform/generated_file.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,7 +21,7 @@ Status WriteMenuPictures(const std::vector<MenuPicture>& pictures, const QString
     const QString path = dosDir + u'\\' + menuKey + picture.Suffix;
     const Result<QByteArray> bytes = EncodePicture(picture.Image, path);
     if (!bytes) return Failure{bytes.Error()};
-    if (const Status written = HostFiles::WriteAtomically(path, *bytes); !written) return written;
+    if (const Status written = WriteGeneratedFile(path, *bytes); !written) return written;
   }
   return {};
 }

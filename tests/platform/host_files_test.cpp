@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <vector>
 
+#include "platform/generated_file.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
@@ -85,6 +87,24 @@ TEST_F(HostFilesTest, AFailedWriteLeavesTheFormerFileAndNothingElse) {
   EXPECT_EQ(*HostFiles::Read(u"C:\\keep.txt"_s), "first");
   EXPECT_EQ(HostFiles::FileNames(u"C:\\"_s), QStringList{u"keep.txt"_s});
   EXPECT_FALSE(HostFiles::Read(u"C:\\folder"_s));
+}
+
+TEST_F(HostFilesTest, AGeneratedFileIsWholeOrAsItWas) {
+  ASSERT_TRUE(WriteGeneratedFile(u"C:\\Author.xml"_s, "first"));
+  ASSERT_TRUE(WriteGeneratedFile(u"C:\\AUTHOR.XML"_s, "second"));
+  EXPECT_EQ(*HostFiles::Read(u"C:\\Author.xml"_s), "second");
+  EXPECT_EQ(QFileInfo(Host(u"Author.xml"_s)).permissions() & QFile::ReadGroup, QFile::ReadGroup);
+  QDir(dir_.path()).mkpath(u"folder/full"_s);
+  const Status refused = WriteGeneratedFile(u"C:\\folder"_s, "y");
+  EXPECT_EQ(refused.Error(), Host(u"folder"_s) + u": Is a directory"_s);
+  EXPECT_EQ(WriteGeneratedFile(u"C:\\missing\\x.txt"_s, "y").Error(),
+            Host(u"missing/x.txt"_s) + u": No such file or directory"_s);
+  // A disk that is full.
+  QFile::link(u"/dev/full"_s, Host(u"Author.xml.part"_s));
+  EXPECT_EQ(WriteGeneratedFile(u"C:\\Author.xml"_s, "third").Error(),
+            Host(u"Author.xml"_s) + u": No space left on device"_s);
+  EXPECT_EQ(*HostFiles::Read(u"C:\\Author.xml"_s), "second");
+  EXPECT_EQ(HostFiles::FileNames(u"C:\\"_s), QStringList{u"Author.xml"_s});
 }
 
 TEST_F(HostFilesTest, AsksFreeSpaceOfTheNearestParentThatExists) {
