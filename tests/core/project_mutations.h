@@ -16,14 +16,7 @@ namespace torvane::test {
 /// is told and the open project stays as it was.
 class ProjectMutations {
  public:
-  explicit ProjectMutations(quint64 seed) : random_(seed) {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    Project project(FixedSettings());
-    BuildTwoFilms(project);
-    project.Tree.SetCaption(QStringLiteral("MMB1Text"), QStringLiteral("Text=two\r\nlines & \"more\" <ä€𝄞>"));
-    sound_ = *ProjectFileText(project);
-    lines_ = sound_.split('\n');
-  }
+  explicit ProjectMutations(quint64 seed) : ProjectMutations(seed, TwoFilms()) {}
   virtual ~ProjectMutations() { qunsetenv("TORVANE_DRIVE_C"); }
 
   /// Loads one damaged file. Returns what was broken with the file, "" for nothing.
@@ -37,6 +30,19 @@ class ProjectMutations {
   int refusedFiles = 0;
 
  protected:
+  /// Damages another project than that of two films.
+  ProjectMutations(quint64 seed, const Project& project) : random_(seed), sound_(*ProjectFileText(project)) {
+    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
+    lines_ = sound_.split('\n');
+  }
+
+  static const Project& TwoFilms() {
+    static Project project(FixedSettings());
+    if (project.FilmCount == 0) BuildTwoFilms(project);
+    project.Tree.SetCaption(QStringLiteral("MMB1Text"), QStringLiteral("Text=two\r\nlines & \"more\" <ä€𝄞>"));
+    return project;
+  }
+
   /// What else is to be done with each project that was taken; returns what was broken.
   virtual QString Use(Project& project) {
     Q_UNUSED(project)
