@@ -15,6 +15,7 @@
 #include "shell/syntax_check.h"
 #include "shell/tool_program.h"
 #include "shell/video_norm.h"
+#include "shell/wave_sound.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -37,6 +38,9 @@ class CommandMaker {
     command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
     AddArguments();
     if (tool_ && tool_->own && !wine_) BringOwn();
+    if (tool_ && tool_->rawSound && !wine_) {
+      if (const Status unpacked = UnpackSound(); !unpacked) return Failure{unpacked.Error()};
+    }
     if (tool_ && tool_->controlFile != ToolEntry::ControlFile::None) {
       if (const Status copied = UsePrivateCopy(); !copied) return Failure{copied.Error()};
     }
@@ -110,6 +114,29 @@ class CommandMaker {
       return RunOwnTool(*own, name, arguments);
     };
     command_.discard = [own, arguments = command_.stage.arguments] { own->discard(arguments); };
+  }
+
+  Status UnpackSound() {
+    QStringList& arguments = command_.stage.arguments;
+    QStringList parameters;
+    for (QString& argument : arguments) {
+      if (!argument.endsWith(u".wav", Qt::CaseInsensitive) || !QFileInfo(argument).isFile()) continue;
+      if (!command_.scratch) {
+        const QString beside = QFileInfo(command_.output).absolutePath();
+        command_.scratch = std::make_shared<QTemporaryDir>(beside + u"/torvane-cmd-XXXXXX"_s);
+        if (!command_.scratch->isValid()) return Failure{beside + u": "_s + command_.scratch->errorString()};
+      }
+      const QString raw = command_.scratch->filePath(u"%1.lpcm"_s.arg(parameters.size()));
+      const Result<QString> written = WriteRawSound(argument, raw);
+      if (!written) return Failure{written.Error()};
+      parameters << *written;
+      argument = raw;
+    }
+    if (!parameters.isEmpty()) {
+      arguments.insert(1, u"-L"_s);
+      arguments.insert(2, parameters.join(u','));
+    }
+    return {};
   }
 
   Status UsePrivateCopy() {

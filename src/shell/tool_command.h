@@ -36,9 +36,10 @@ enum class RunKind { Real, SyntaxCheck };
 struct ToolCommand {
   QString name;  ///< the program's name for messages; "" for a command of the batch language
   ProcessStage stage;
-  QString output;                 ///< host path of the file that an option names as its output, if any
-  std::function<void()> discard;  ///< removes what a failed or stopped run has left unfinished, if set
-  bool addsSubpictures = false;   ///< a spumux run, which fails when it added none
+  QString output;                               ///< host path of the file that an option names as its output, if any
+  std::function<void()> discard;                ///< removes what a failed or stopped run has left unfinished, if set
+  std::shared_ptr<QTemporaryDir> scratch = {};  ///< large files for this run alone, beside its output
+  bool addsSubpictures = false;                 ///< a spumux run, which fails when it added none
 };
 
 /// Makes the native command of a batch's words, of which the first names the program.
@@ -48,6 +49,8 @@ struct ToolCommand {
 /// become host paths, also behind an option (`-o"C:\x"`); options that the program here does not know are dropped; a
 /// control file is copied into `folder` with its paths mapped; with SyntaxCheck dvdauthor gets stand-ins for its films.
 /// A program that is not in the table must be an executable file of this machine.
+///
+/// mplex is given the samples of WAV files, which it does not read, from files beside its output.
 ///
 /// The option -ma, by which text subtitles shall take their colours from the palette of the title, gives spumux the
 /// second colour of that palette for the outlines and the third for the letters. The palette is the ".pal" file that

@@ -137,6 +137,30 @@ TEST_F(InsnavTest, MakesATitleThatCanBeSearchedOfOnePictureAndItsSound) {
   }
 }
 
+/// mplex of this machine reads no WAV files; what it is given instead must be the same sound.
+TEST_F(InsnavTest, TheSoundOfAWavFileComesOutByteForByte) {
+  Ffmpeg(u"-f lavfi -i sine=440:duration=6 -ac 2 -ar 48000 -c:a pcm_s16le a.wav"_s);
+  Ffmpeg(u"-f lavfi -i sine=440:duration=6 -ac 2 -ar 48000 -f s16be expected"_s);
+  MakeStill("p");
+  const QByteArray line = "\"C:\\Tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\t.mpg\" \"C:\\T\\v.m2v\" \"C:\\T\\a.WAV\"\r\n";
+  const std::string printed = RunBatch(line + "\"C:\\Tools\\insnav.exe\" -o \"C:\\T\\m.mpg\" \"C:\\T\\t.mpg\"\r\n");
+  EXPECT_NE(printed.find("no under-runs"), std::string::npos) << printed;
+  Author("<vmgm/><titleset><titles><pgc><vob file=\"C:\\T\\m.mpg\"/></pgc></titles></titleset>");
+  EXPECT_GE(Units(u"DVD/VIDEO_TS/VTS_01_1.VOB"_s).size(), 10U);
+  Ffmpeg(u"-i DVD/VIDEO_TS/VTS_01_1.VOB -map 0:a -f s16be found"_s);
+  EXPECT_TRUE(Read(u"found"_s) == Read(u"expected"_s));
+
+  Ffmpeg(u"-f lavfi -i sine=440:duration=1 -ac 1 -ar 44100 -c:a pcm_s16le a.wav"_s);
+  EXPECT_EQ(RunBatch(line), "*ERROR: " + Host(u"a.wav"_s).toStdString() +
+                                ": 44100 Hz, 16 bits, 1 channels; a DVD takes 48000 Hz and 16 bits, so convert it\r\n");
+  for (const QByteArray& bytes :
+       {QByteArray(), QByteArray("RIFF    WAVEdata\1"), QByteArray("RIFF    WAVEfmt \xFF\xFF\xFF\xFF")}) {
+    Write(u"a.wav"_s, bytes);
+    EXPECT_EQ(RunBatch(line), "*ERROR: " + Host(u"a.wav"_s).toStdString() + ": no WAV file with samples\r\n");
+  }
+  EXPECT_EQ(QDir(Host({})).entryList({u"torvane-cmd-*"_s}, QDir::Dirs | QDir::Hidden), QStringList());
+}
+
 TEST_F(InsnavTest, KeepsTheUnitsOfAFilmAndOfAMenuWithButtons) {
   Ffmpeg(u"-f lavfi -i sine=440:duration=6 -ac 2 -ar 48000 -c:a ac3 -b:a 192k a.ac3"_s);
   Ffmpeg(u"-f lavfi -i testsrc2=s=720x576:r=25:d=6 -c:v mpeg2video -b:v 3000k -g 12 -f mpeg2video v.m2v"_s);
