@@ -103,6 +103,20 @@ std::optional<Attribute> ElementGroupOf(const ProjectNode& node, const QString& 
   return std::nullopt;
 }
 
+/// Tells when a menu belongs to no titleset, or its film lacks the chapter.
+bool CheckChapter(EditContext& context, const QString& menu, int chapter) {
+  const int titleSet = TitleSetOfMenu(context.project, menu);
+  if (titleSet == 0) {
+    context.prompter.Inform(GetMessage(186, {{u"|1", u"\r\n"_s}}));
+    return false;
+  }
+  if (chapter < 1 || chapter > ChapterCount(context.project, titleSet)) {
+    context.prompter.Inform(GetMessage(187));
+    return false;
+  }
+  return true;
+}
+
 /// False only when the menu has no room for the picture that there is.
 bool AddChapterPicture(EditContext& context, const QString& film, QString time, const ElementPlace& place) {
   const Settings& settings = context.project.Settings;
@@ -148,16 +162,9 @@ QString ChapterButtonText(const Project& project, int chapter, const QString& ti
 }
 
 bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& place, ChapterPicture picture) {
+  if (!CheckChapter(context, place.menu, chapter)) return false;
   Project& project = context.project;
   const int titleSet = TitleSetOfMenu(project, place.menu);
-  if (titleSet == 0) {
-    context.prompter.Inform(GetMessage(186, {{u"|1", u"\r\n"_s}}));
-    return false;
-  }
-  if (chapter < 1 || chapter > ChapterCount(project, titleSet)) {
-    context.prompter.Inform(GetMessage(187));
-    return false;
-  }
   const FilmView film(project.Tree, titleSet);
   const bool isTitle = film.IsAudioTitleSet();
   const QString time = isTitle ? QString() : film.Chapters().split(u',', Qt::SkipEmptyParts).value(chapter - 1);
@@ -181,16 +188,23 @@ bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, cons
     context.prompter.Inform(GetMessage(633));
     return false;
   }
-  const GridLayoutRecord grid = ParseGridLayout(gridLayout);
-  Edit edit(context.project, u"Create layout by grid"_s);
-  auto chapter = chapters.begin();
-  for (int row = 0; row < grid.Rows; ++row) {
-    for (int column = 0; column < grid.Columns && chapter != chapters.end(); ++column, ++chapter) {
-      ElementPlace cell = place;
-      cell.position = QPoint(grid.StartX + column * grid.DeltaX, grid.StartY + row * grid.DeltaY);
-      if (!AddChapterButton(context, *chapter, cell, picture)) return false;
-    }
+  for (const int chapter : chapters) {
+    if (!CheckChapter(context, place.menu, chapter)) return false;
   }
+  const GridLayoutRecord grid = ParseGridLayout(gridLayout);
+  const auto places =
+      std::min(chapters.size(), std::size_t(std::max(grid.Rows, 0)) * std::size_t(std::max(grid.Columns, 0)));
+  Edit edit(context.project, u"Create layout by grid"_s);
+  std::size_t added = 0;
+  // A full menu refuses its chapter as it does a single one, and would refuse all that follow.
+  for (bool room = true; room && added < places; added += room) {
+    const int row = int(added) / grid.Columns;
+    const int column = int(added) % grid.Columns;
+    ElementPlace cell = place;
+    cell.position = QPoint(grid.StartX + column * grid.DeltaX, grid.StartY + row * grid.DeltaY);
+    room = AddChapterButton(context, chapters[added], cell, picture);
+  }
+  if (added == 0) return false;
   edit.Commit();
   return true;
 }

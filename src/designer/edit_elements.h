@@ -28,7 +28,8 @@ enum class ChapterPicture { None, FromEditor };
 bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& place,
                       ChapterPicture picture = ChapterPicture::None);
 
-/// Adds buttons for chapters in the places of a grid, rows from the top, until either runs out. One step of undo.
+/// Adds buttons for chapters in the places of a grid, rows from the top, until either runs out or the menu is full,
+/// which is told. One step of undo. False when none was added.
 bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, const QString& gridLayout,
                     const ElementPlace& place, ChapterPicture picture = ChapterPicture::None);
 

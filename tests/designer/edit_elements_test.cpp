@@ -101,15 +101,23 @@ TEST(EditElements, ChapterButtonsTakeThePicturesOfTheEditor) {
   }
 }
 
-TEST(EditElements, AGridThatDoesNotFitChangesNothing) {
+TEST(EditElements, AGridEndsWhereTheMenuIsFull) {
   Settings settings = test::TitleSetSettings();
   settings.DefMenuRatio = true;
   settings.Def169Mode = 1;
   test::EditBench bench(settings);
   ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000"_s), {}));
-  EXPECT_FALSE(AddChapterGrid(bench.context, std::vector<int>(12, 1), u"R4C3PX20PY30DX100DY50"_s, {.menu = u"TS1"_s}));
-  EXPECT_EQ(bench.Told(), QStringList(u"Only 12 buttons (and/or videos) possible!"_s));
+  const auto addGrid = [&](std::vector<int> chapters) {
+    return AddChapterGrid(bench.context, chapters, u"R5C3PX20PY30DX100DY50"_s, {.menu = u"TS1"_s});
+  };
+  EXPECT_FALSE(addGrid({1, 3}));
+  EXPECT_EQ(bench.Told(), QStringList(u"No chapter selected in list window"_s));
   EXPECT_EQ(bench.Children(u"TS1B"_s), QStringList(u"BackButton"_s));
+  EXPECT_TRUE(addGrid(std::vector<int>(14, 1)));
+  EXPECT_EQ(bench.Told(), QStringList(u"Only 12 buttons (and/or videos) possible!"_s));
+  EXPECT_EQ(bench.Children(u"TS1B"_s).mid(10), QStringList({u"ChapterButton11"_s, u"BackButton"_s}));
+  EXPECT_EQ(bench.Caption(u"TS1BP11Left"_s) + u' ' + bench.Caption(u"TS1BP11Top"_s), u"Left=120 Top=180");
+  EXPECT_FALSE(addGrid({2}));
 }
 
 TEST(EditElements, MovingPutsAnElementToItsSiblingsPlace) {
