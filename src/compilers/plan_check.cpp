@@ -49,13 +49,18 @@ void FindTitlesetLimits(const Project& project, QStringList& findings) {
 }
 
 void FindMissingMenus(const Project& project, QStringList& findings) {
-  for (const QString& key : DiscMenuKeys(project)) {
-    if (project.Tree.Contains(key)) continue;
-    findings
-        << (IsTitleSetMenu(key)
-                ? u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
-                      .arg(key.sliced(2))
-                : u"There is no menu %1, to which another menu leads."_s.arg(key));
+  const QStringList menus = DiscMenuKeys(project);
+  for (const QString& key : menus) {
+    if (IsTitleSetMenu(key) && !project.Tree.Contains(key)) {
+      findings
+          << u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
+                 .arg(key.sliced(2));
+    } else if (!project.Tree.Contains(key)) {
+      findings << u"The menu %1 is listed as a submenu but is not there."_s.arg(key);
+    }
+    for (const QString& subMenu : MenuView(project.Tree, key).SubMenuKeys()) {
+      if (!menus.contains(subMenu)) findings << u"Menu %1 leads to %2, which is no submenu."_s.arg(key, subMenu);
+    }
   }
 }
 

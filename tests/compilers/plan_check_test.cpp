@@ -7,6 +7,7 @@
 
 #include "designer/edit_elements.h"
 #include "designer/edit_films.h"
+#include "designer/edit_menus.h"
 #include "designer/element_nodes.h"
 #include "platform/host_files.h"
 #include "support/edit_bench.h"
@@ -70,6 +71,12 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
         songs + u", track 2: the playing time of C:\\2.dts is not known, so MuxMan cannot place it."}},
       {[](test::EditBench& bench) { bench.project.Tree.Remove(u"TS1"_s); },
        {u"Film 1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s}},
+      {[](test::EditBench& bench) {
+         AddMenu(bench.context, {}, {.menu = u"TS1"_s});
+         bench.project.Tree.SetTag(u"TS1M1"_s, u"SM7"_s);
+         bench.project.Tree.Remove(u"SM1"_s);
+       },
+       {u"Menu TS1 leads to SM7, which is no submenu."_s, u"The menu SM1 is listed as a submenu but is not there."_s}},
       {[&](test::EditBench& bench) { addTracks(bench, 96, u"0"_s); }, {}},
       {[&](test::EditBench& bench) {
          addTracks(bench, 96, u"0"_s);
