@@ -25,7 +25,7 @@ bool CreateDvdPipeline::HasButtons() const {
   return buttons && buttons->ChildCount() > 0;
 }
 
-bool CreateDvdPipeline::IsSupported(SoundFiles sound) {
+bool CreateDvdPipeline::IsSupported(PlanUse use) {
   const Settings& settings = project_.Settings;
   QString reason;
   if (settings.Engine != kEngineDvdauthor) {
@@ -40,7 +40,7 @@ bool CreateDvdPipeline::IsSupported(SoundFiles sound) {
         u"Menu %1 (%2) is animated; such menus cannot be authored yet. Please take its animations or transition away."_s
             .arg(menu.Name(), key);
   }
-  if (reason.isEmpty()) return CheckPlan(project_, prompter_, sound);
+  if (reason.isEmpty()) return CheckPlan(project_, prompter_, use);
   prompter_.Fail(reason);
   return false;
 }
@@ -48,7 +48,7 @@ bool CreateDvdPipeline::IsSupported(SoundFiles sound) {
 Readiness CreateDvdPipeline::PrepareCreateDvd() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const Settings& settings = project_.Settings;
-  const bool ready = IsSupported(SoundFiles::Read) && CheckIntro(project_, prompter_) &&
+  const bool ready = IsSupported(PlanUse::Run) && CheckIntro(project_, prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
                      CheckBatchTexts(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
                      CheckSourcesSafe(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) &&
@@ -58,7 +58,7 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
 
 Readiness CreateDvdPipeline::PrepareCreateBatch() {
   if (!HasButtons()) return Readiness::NothingToDo;
-  const bool ready = IsSupported(SoundFiles::Read) && CheckIntro(project_, prompter_) &&
+  const bool ready = IsSupported(PlanUse::WriteOnly) && CheckIntro(project_, prompter_) &&
                      (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
                      CheckBatchTexts(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
@@ -67,7 +67,7 @@ Readiness CreateDvdPipeline::PrepareCreateBatch() {
 std::optional<RunPlan> CreateDvdPipeline::BuildProject(BatchUse use) {
   const Settings& settings = project_.Settings;
   batchList_.clear();
-  const bool written = CheckPlan(project_, prompter_) && WriteVideoFiles() && CompileMenus() &&
+  const bool written = WriteVideoFiles() && CompileMenus() &&
                        WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::Run)) &&
                        AddBatch(kAuthorBatch.toString(), AuthorBatch(settings)) && WriteIsoBatch(use);
   if (!written) return std::nullopt;
@@ -86,7 +86,7 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
     prompter_.Fail(GetMessage(53));
     return std::nullopt;
   }
-  if (!IsSupported(SoundFiles::Ignored)) return std::nullopt;
+  if (!IsSupported(PlanUse::SyntaxCheck)) return std::nullopt;
   batchList_.clear();
   const bool written = WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::SyntaxCheck)) &&
                        AddBatch(kSyntaxBatch.toString(), SyntaxBatch(project_.Settings));

@@ -49,7 +49,7 @@ class CreateDvdPipeline {
   std::optional<RunPlan> BuildSyntaxCheck();
 
  private:
-  bool IsSupported(SoundFiles sound);
+  bool IsSupported(PlanUse use);
   bool HasButtons() const;
   bool WriteVideoFiles();
   void WritePaletteFile(const GeneratedFile& palette);

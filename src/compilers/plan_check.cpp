@@ -80,11 +80,14 @@ void FindTooManyButtons(const Project& project, QStringList& findings) {
   }
 }
 
-void FindAudioFaults(const Project& project, int film, SoundFiles sound, QStringList& findings) {
-  const Settings& settings = project.Settings;
+QString AudioHead(int film, const AudioTitleStore& store) {
+  return u"Film %1 (%2)"_s.arg(film).arg(store.Name);
+}
+
+void FindAudioStructure(const Project& project, int film, QStringList& findings) {
   const AudioTitleStore store = ReadAudioTitleSet(project.Tree, film);
-  const QString head = u"Film %1 (%2)"_s.arg(film).arg(store.Name);
-  if (settings.NoTitleSets) {
+  const QString head = AudioHead(film, store);
+  if (project.Settings.NoTitleSets) {
     findings << head + u" is an audio titleset, which needs a titleset of its own. Please switch titlesets on.";
   }
   if (store.Titles.empty() || int(store.Titles.size()) != AudioTrackCount(project.Tree, film)) {
@@ -92,7 +95,11 @@ void FindAudioFaults(const Project& project, int film, SoundFiles sound, QString
                            .arg(AudioTrackCount(project.Tree, film))
                            .arg(store.Titles.size());
   }
-  if (sound == SoundFiles::Ignored) return;
+}
+
+void FindSoundFaults(const Project& project, int film, QStringList& findings) {
+  const AudioTitleStore store = ReadAudioTitleSet(project.Tree, film);
+  const QString head = AudioHead(film, store);
   QSet<QString> kinds;
   for (std::size_t i = 0; i < store.Titles.size(); ++i) {
     const QString& file = store.Titles[i].File;
@@ -100,13 +107,34 @@ void FindAudioFaults(const Project& project, int film, SoundFiles sound, QString
     AudioInfo info;
     if (!AnalyseAudioFile(file, info)) {
       findings << track + u"the sound file %1 is missing or cannot be read. Please choose another one."_s.arg(file);
-    } else if (settings.Engine == kEngineMuxMan && info.AudioSeconds == 0) {
+    } else if (project.Settings.Engine == kEngineMuxMan && info.AudioSeconds == 0) {
       findings << track + u"the playing time of %1 is not known, so MuxMan cannot place it."_s.arg(file);
     }
     const QString extension = GetExtensionUpper(file);
     kinds.insert(extension == u"AC3" || extension == u"WAV" || extension == u"DTS" ? extension : u"MPEG"_s);
   }
   if (kinds.size() > 1) findings << head + u": all sound files of an audio titleset must be of one kind.";
+}
+
+/// What leaves no files to be written.
+QStringList StructureFindings(const Project& project) {
+  QStringList findings;
+  FindMissingMenus(project, findings);
+  for (int i = 1; i <= project.FilmCount; ++i) {
+    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindAudioStructure(project, i, findings);
+  }
+  return findings;
+}
+
+/// What the authoring tools would stop at.
+QStringList LimitFindings(const Project& project, PlanUse use) {
+  QStringList findings;
+  FindTitlesetLimits(project, findings);
+  FindTooManyButtons(project, findings);
+  for (int i = 1; i <= project.FilmCount && use != PlanUse::SyntaxCheck; ++i) {
+    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindSoundFaults(project, i, findings);
+  }
+  return findings;
 }
 
 }  // namespace
@@ -129,19 +157,18 @@ QStringList DiscMenuKeys(const Project& project) {
   return project.Settings.NoTitleSets ? MainMenuKeys(project) : MainMenuKeys(project) + TitlesetMenuKeys(project);
 }
 
-QStringList PlanFindings(const Project& project, SoundFiles sound) {
-  QStringList findings;
-  FindTitlesetLimits(project, findings);
-  FindMissingMenus(project, findings);
-  FindTooManyButtons(project, findings);
-  for (int i = 1; i <= project.FilmCount; ++i) {
-    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindAudioFaults(project, i, sound, findings);
-  }
-  return findings;
+QStringList PlanFindings(const Project& project, PlanUse use) {
+  return StructureFindings(project) + LimitFindings(project, use);
 }
 
-bool CheckPlan(const Project& project, Prompter& prompter, SoundFiles sound) {
-  const QStringList findings = PlanFindings(project, sound);
+bool CheckPlan(const Project& project, Prompter& prompter, PlanUse use) {
+  const QStringList structure = StructureFindings(project);
+  const QStringList limits = LimitFindings(project, use);
+  if (structure.isEmpty() && use == PlanUse::WriteOnly) {
+    if (!limits.isEmpty()) prompter.Warn(limits.join(u"\r\n"));
+    return true;
+  }
+  const QStringList findings = structure + limits;
   if (findings.isEmpty()) return true;
   prompter.Fail(findings.join(u"\r\n"));
   return false;

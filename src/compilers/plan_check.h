@@ -17,14 +17,19 @@ QStringList TitlesetMenuKeys(const Project& project);
 /// The menus that the disc gets: none without menus, those of titlesets only where films have one each.
 QStringList DiscMenuKeys(const Project& project);
 
-/// Whether sound files count: a syntax check needs none.
-enum class SoundFiles { Read, Ignored };
+/// What the plan is for.
+enum class PlanUse {
+  Run,         ///< a disc is made of it
+  WriteOnly,   ///< its files are written and nothing is run
+  SyntaxCheck  ///< the control file is read, whether the films and sound files exist or not
+};
 
-/// What keeps a project from becoming a disc although each part of it is sound: limits of the authoring tools, menus
-/// that are not there, sound files that cannot be read. Whole sentences that name the place and what to do.
-QStringList PlanFindings(const Project& project, SoundFiles sound = SoundFiles::Read);
+/// What keeps a project from becoming a disc although each part of it is sound: menus that are not there, limits of the
+/// authoring tools, sound files that cannot be read. Whole sentences that name the place and what to do.
+QStringList PlanFindings(const Project& project, PlanUse use = PlanUse::Run);
 
-/// Tells all of them in one box; true when there are none.
-bool CheckPlan(const Project& project, Prompter& prompter, SoundFiles sound = SoundFiles::Read);
+/// Tells all of them in one box; true when there are none. With PlanUse::WriteOnly a limit or a sound file is a warning:
+/// the files can be written all the same.
+bool CheckPlan(const Project& project, Prompter& prompter, PlanUse use);
 
 }  // namespace torvane

@@ -149,7 +149,7 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
 
   project_.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s);
   EXPECT_TRUE(CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck());
-  EXPECT_EQ(batches(), QStringList());
+  EXPECT_EQ(CreateDvdPipeline(project_, prompter_).PrepareCreateDvd(), Readiness::Refused);
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_TRUE(prompter_.boxes[0].text.contains(u"Film 2 (Songs), track 2: the sound file C:\\no.ac3"));
 }

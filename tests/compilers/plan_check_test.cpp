@@ -122,5 +122,28 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
   }
 }
 
+TEST_F(PlanCheckTest, AMissingSoundFileIsAWarningWhereNothingIsRun) {
+  test::EditBench bench(test::TitleSetSettings());
+  AddAudioTitleSet(bench.context, {.Name = u"Songs"_s, .Titles = {Track(u"C:\\no.ac3"_s)}}, {});
+  struct Case {
+    PlanUse use;
+    bool goesOn;
+    std::vector<BoxKind> boxes;
+  };
+  const Case cases[] = {{PlanUse::Run, false, {BoxKind::Error}},
+                        {PlanUse::WriteOnly, true, {BoxKind::Warning}},
+                        {PlanUse::SyntaxCheck, true, {}}};
+  for (const Case& c : cases) {
+    test::RecordingPrompter prompter;
+    EXPECT_EQ(CheckPlan(bench.project, prompter, c.use), c.goesOn);
+    std::vector<BoxKind> boxes;
+    for (const Box& box : prompter.boxes) boxes.push_back(box.kind);
+    EXPECT_EQ(boxes, c.boxes);
+  }
+  bench.project.Tree.Remove(u"TS1"_s);
+  test::RecordingPrompter prompter;
+  EXPECT_FALSE(CheckPlan(bench.project, prompter, PlanUse::WriteOnly));
+}
+
 }  // namespace
 }  // namespace torvane
