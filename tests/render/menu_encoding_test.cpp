@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/golden.h"
 #include "support/menu_builder.h"
-#include "support/text_lines.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -20,20 +20,11 @@ class MenuEncoding : public testing::Test {
   Project project_;
 };
 
-TEST_F(MenuEncoding, EncodesAPlainStillMenu) {
-  EXPECT_EQ(StillMenuBatch1(Menu(), project_.Settings), test::WithCrLf(R"(@echo off
-echo *creating MMback.m2v
-"C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 25 -j "C:\T\MMBackg.png" | "C:\tools\mpeg2enc.exe" -f 8 -I 0 -q 1 -b 7000 -a 2 -n p -o "C:\T\MMBackg.m2v"
-)"));
-  EXPECT_EQ(StillMenuBatch2(Menu(), project_.Settings), test::WithCrLf(R"(@echo off
-echo *mux to MMback.mpg
-"C:\tools\mplex.exe" -M -f 8 -o "C:\T\MMBackg.mpg" "C:\T\MMBackg.m2v"
-echo *creating menufile MMMenu.mpg
-"C:\tools\spumux.exe" "C:\T\MMSpu.xml" <"C:\T\MMBackg.mpg" > "C:\T\MMMenu.mpg"
-)"));
-}
+TEST_F(MenuEncoding, EncodesStillMenus) {
+  test::ExpectGolden(StillMenuBatch1(Menu(), project_.Settings), u"still_menu_1.bat"_s);
+  test::ExpectGolden(StillMenuBatch2(Menu(), project_.Settings), u"still_menu_2.bat"_s);
 
-TEST_F(MenuEncoding, EncodesAWideNtscMenuWithItsOwnValues) {
+  // A wide NTSC menu with values of its own, and names that no batch takes as they are.
   project_.Settings.VideoNormPal = false;
   project_.Settings.DefMenuRatio = true;
   project_.Settings.NumStillFrames = 15;
@@ -42,54 +33,33 @@ TEST_F(MenuEncoding, EncodesAWideNtscMenuWithItsOwnValues) {
   AddBackground(u"MMBGQuality|Quality=4"_s);
   AddBackground(u"MMBGBitrate|Bitrate= 5000"_s);
   AddBackground(u"MMBGAudio|Audio=C:\\sound\\Я 5%.ac3"_s);
-  EXPECT_EQ(StillMenuBatch1(Menu(), project_.Settings),
-            test::WithCrLf("@echo off\n"
-                           "echo *creating MMback.m2v\n"
-                           "\"C:\\Program Files\\\xE1\\png2yuv.exe\" -n 15 -I p -L 0 -f 29.97 -j "
-                           "\"C:\\M\x81ll 100%%\\MMBackg.png\" | \"C:\\Program Files\\\xE1\\mpeg2enc.exe\" -f 8 -I 0 "
-                           "-q 4 -b 5000 -a 3 -n n -o \"C:\\M\x81ll 100%%\\MMBackg.m2v\"\n"));
-  EXPECT_EQ(StillMenuBatch2(Menu(), project_.Settings),
-            test::WithCrLf("@echo off\n"
-                           "echo *mux to MMback.mpg\n"
-                           "\"C:\\Program Files\\\xE1\\mplex.exe\" -M -f 8 -o \"C:\\M\x81ll 100%%\\MMBackg.mpg\" "
-                           "\"C:\\M\x81ll 100%%\\MMBackg.m2v\" \"C:\\sound\\\xD0\xAF 5%%.ac3\"\n"
-                           "echo *creating menufile MMMenu.mpg\n"
-                           "\"C:\\Program Files\\\xE1\\spumux.exe\" \"C:\\M\x81ll 100%%\\MMSpu.xml\" "
-                           "<\"C:\\M\x81ll 100%%\\MMBackg.mpg\" > \"C:\\M\x81ll 100%%\\MMMenu.mpg\"\n"
-                           "REM *creating letterbox menufile MMMenuL.mpg\n"
-                           "\"C:\\Program Files\\\xE1\\spumux.exe\" -s1 \"C:\\M\x81ll 100%%\\MMSpuL.xml\" "
-                           "<\"C:\\M\x81ll 100%%\\MMMenu.mpg\" > \"C:\\M\x81ll 100%%\\MMMenuL.mpg\"\n"));
+  test::ExpectGolden(StillMenuBatch1(Menu(), project_.Settings), u"wide_menu_1.bat"_s);
+  test::ExpectGolden(StillMenuBatch2(Menu(), project_.Settings), u"wide_menu_2.bat"_s);
 }
 
 TEST_F(MenuEncoding, CountsFramesOfAMenuInFullLength) {
-  struct Case {
+  const struct {
     QString frames;    ///< "" for no node
     QString duration;  ///< in seconds, "" for no node
     bool pal;
     int expected;
-  };
-  const Case cases[] = {
-      {u""_s, u""_s, true, 3},
+  } cases[] = {
       {u""_s, u"12.5"_s, true, 3},
-      {u"Frames=Full length"_s, u""_s, true, 3},
-      {u"Frames=Full length"_s, u"12.5"_s, false, 375},
-      {u"Frames=Full length"_s, u"12.5"_s, true, 312},  // 312.5 halves to the even neighbour
-      {u"Frames=Full length"_s, u"0.04"_s, true, 1},
-      {u"Frames=Full length"_s, u"0.01"_s, true, 3},
-      {u"Frames=500"_s, u"2"_s, true, 50},
+      {u"Full length"_s, u""_s, true, 3},
+      {u"Full length"_s, u"12.5"_s, false, 375},
+      {u"Full length"_s, u"12.5"_s, true, 312},  // 312.5 halves to the even neighbour
+      {u"Full length"_s, u"0.04"_s, true, 1},
+      {u"Full length"_s, u"0.01"_s, true, 3},
+      {u"500"_s, u"2"_s, true, 50},
   };
-  for (const Case& test : cases) {
-    Project project(test::FixedSettings());
-    project.Settings.NumStillFrames = 3;
-    AddDefaultProject(project);
-    project.Settings.NumStillFrames = 3;
-    project.Settings.VideoNormPal = test.pal;
-    if (!test.frames.isEmpty()) test::AddNode(project, u"MMBG"_s, u"MMBGFrames|" + test.frames);
-    if (!test.duration.isEmpty()) {
-      test::AddNode(project, u"MMBG"_s, u"MMBGDuration|Duration=00:00:99.00|" + test.duration);
-    }
-    EXPECT_EQ(StillMenuFrames(MenuView(project.Tree, u"MM"_s), project.Settings), test.expected)
-        << test.frames.toStdString() << ' ' << test.duration.toStdString();
+  project_.Settings.NumStillFrames = 3;
+  for (const auto& [frames, duration, pal, expected] : cases) {
+    for (const QString& key : {u"MMBGFrames"_s, u"MMBGDuration"_s}) project_.Tree.Remove(key);
+    project_.Settings.VideoNormPal = pal;
+    if (!frames.isEmpty()) AddBackground(u"MMBGFrames|Frames=" + frames);
+    if (!duration.isEmpty()) AddBackground(u"MMBGDuration|Duration=00:00:99.00|" + duration);
+    EXPECT_EQ(StillMenuFrames(Menu(), project_.Settings), expected)
+        << frames.toStdString() << ' ' << duration.toStdString();
   }
 }
 
@@ -120,19 +90,11 @@ TEST_F(MenuEncoding, InsertsNavigationIntoASingleStillFrameWithAudio) {
 }
 
 TEST_F(MenuEncoding, MakesTheEmptyMenu) {
-  EXPECT_EQ(EmptyMenuBatch(project_.Settings), test::WithCrLf(R"(@echo off
-echo *creating EmptyBackg.m2v
-"C:\tools\jpeg2yuv.exe" -n 1 -I t -L 1 -f 25 -j "C:\T\EmptyBackg.jpg" | "C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 3000 -a 2 -n p -o "C:\T\EmptyBackg.m2v"
-echo *mux to EmptyBackg.mpg
-"C:\tools\mplex.exe" -M -f 8 -o "C:\T\EmptyBackg.mpg" "C:\T\EmptyBackg.m2v"
-)"));
+  test::ExpectGolden(EmptyMenuBatch(project_.Settings), u"empty_menu.bat"_s);
   EXPECT_EQ(EmptyMenuPicture(project_.Settings).size(), QSize(720, 576));
   project_.Settings.DefMenuRatio = true;
   project_.Settings.VideoNormPal = false;
-  EXPECT_EQ(
-      test::LinesWith(EmptyMenuBatch(project_.Settings), "jpeg2yuv"),
-      (QList<QByteArray>{
-          R"("C:\tools\jpeg2yuv.exe" -n 1 -I t -L 1 -f 29.97 -j "C:\T\EmptyBackg.jpg" | "C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 3000 -a 3 -n n -o "C:\T\EmptyBackg.m2v")"}));
+  test::ExpectGolden(EmptyMenuBatch(project_.Settings), u"empty_wide_menu.bat"_s);
   EXPECT_EQ(EmptyMenuPicture(project_.Settings).size(), QSize(720, 480));
 }
 
