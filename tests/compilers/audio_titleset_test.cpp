@@ -4,6 +4,7 @@
 
 #include "compilers/scene_time.h"
 #include "compilers/video_batch.h"
+#include "support/golden.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -12,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-using test::WithCrLf;
+using test::ExpectGolden;
 
 AudioTitle Track(const QString& file) {
   return {file, u"Artist"_s, u"Album"_s, u"Title"_s, u"C:\\v\\i.jpg"_s, 0};
@@ -30,30 +31,7 @@ class AudioTitlesetTest : public testing::Test {
 };
 
 TEST_F(AudioTitlesetTest, TheVideoBatchMakesAFilmOfEachTrack) {
-  EXPECT_EQ(WriteVideoBatch(project_).batch, WithCrLf(R"(@echo off
-echo.
-echo (shrink and) mux video and audio files
-erase "C:\T\TempAudioMpg\*.*" /Q
-rmdir "C:\T\TempAudioMpg"
-mkdir "C:\T\TempAudioMpg"
-"C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 25 -j "C:\T\FPA1#01.png" | "C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 5000 -a 2 -o "C:\T\TempAudioMpg\FPA1#01.m2v"
-"C:\tools\mplex.exe" -M -f 8 -o "C:\T\TempAudioMpg\tFPA1#01.mpg" "C:\T\TempAudioMpg\FPA1#01.m2v" "C:\v\1.ac3"
-erase "C:\T\TempAudioMpg\FPA1#01.m2v"
-"C:\tools\insnav.exe" -o "C:\T\TempAudioMpg\FPA1#01.mpg" "C:\T\TempAudioMpg\tFPA1#01.mpg"
-erase "C:\T\TempAudioMpg\tFPA1#01.mpg"
-"C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 25 -j "C:\T\FPA1#02.png" | "C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 5000 -a 2 -o "C:\T\TempAudioMpg\FPA1#02.m2v"
-"C:\tools\mplex.exe" -M -f 8 -o "C:\T\TempAudioMpg\tFPA1#02.mpg" "C:\T\TempAudioMpg\FPA1#02.m2v" "C:\v\Lied )"
-                                                      "\x84"
-                                                      R"(.ac3"
-erase "C:\T\TempAudioMpg\FPA1#02.m2v"
-"C:\tools\insnav.exe" -o "C:\T\TempAudioMpg\FPA1#02.mpg" "C:\T\TempAudioMpg\tFPA1#02.mpg"
-erase "C:\T\TempAudioMpg\tFPA1#02.mpg"
-"C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 25 -j "C:\T\FPA2#01.png" | "C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 5000 -a 2 -o "C:\T\TempAudioMpg\FPA2#01.m2v"
-"C:\tools\mplex.exe" -M -f 8 -o "C:\T\TempAudioMpg\tFPA2#01.mpg" "C:\T\TempAudioMpg\FPA2#01.m2v" "C:\v\3.mp2"
-erase "C:\T\TempAudioMpg\FPA2#01.m2v"
-"C:\tools\insnav.exe" -o "C:\T\TempAudioMpg\FPA2#01.mpg" "C:\T\TempAudioMpg\tFPA2#01.mpg"
-erase "C:\T\TempAudioMpg\tFPA2#01.mpg"
-)"));
+  ExpectGolden(WriteVideoBatch(project_).batch, u"songs.bat"_s);
 
   project_.Settings.DefMenuRatio = true;
   project_.Settings.VideoNormPal = false;
@@ -66,59 +44,8 @@ TEST_F(AudioTitlesetTest, TheSegmentForMuxMan) {
   project_.Settings.Engine = 1;
   project_.Settings.DefMenuRatio = true;
   project_.Settings.Def169Mode = 1;
-  QByteArray segment = WriteAudioSegment(project_, 1, {{u"00:00:03.420"_s, 3.42}, {u"00:01:00.000"_s, 60}});
-  EXPECT_EQ(segment.replace("\t", "> "), WithCrLf(R"(> Item=Segment
-> {
-> > Name=Segment_1
-> > Display Mode=P/S and LB
-> > Item=Video Stream
-> > {
-> > > Coding Mode=Mpeg-2
-> > > Standard=PAL
-> > > CC Field 1=No
-> > > CC Field 2=No
-> > > Item=Video Play
-> > > {
-> > > > File=C:\T\FPA1#01.bmp
-> > > > Duration=00:00:03:11
-> > > }
-> > > Item=Video Play
-> > > {
-> > > > File=C:\T\FPA1#02.bmp
-> > > > Duration=00:01:00:0
-> > > }
-> > }
-> > Item=Audio Stream
-> > {
-> > > Stream Number=1
-> > > Language=en
-> > > Language Extension=1
-> > > Item=Audio Play
-> > > {
-> > > > File=C:\v\1.ac3
-> > > }
-> > > Item=Audio Play
-> > > {
-> > > > File=C:\v\Lied ä.ac3
-> > > }
-> > }
-> > Item=Scene List
-> > {
-> > > Item=Scene
-> > > {
-> > > > Name=Segment_1_scn1
-> > > > Scene Time=00:00:00:0
-> > > > Uop=0
-> > > }
-> > > Item=Scene
-> > > {
-> > > > Name=Segment_1_scn2
-> > > > Scene Time=00:00:03:11
-> > > > Uop=0
-> > > }
-> > }
-> }
-)"));
+  ExpectGolden(WriteAudioSegment(project_, 1, {{u"00:00:03.420"_s, 3.42}, {u"00:01:00.000"_s, 60}}),
+               u"songs_segment.mxp"_s);
   const std::tuple<bool, int, QByteArray> modes[] = {
       {true, 0, "Only Letterbox"}, {true, 1, "P/S and LB"}, {true, 2, "Only Panscan"}, {false, 2, "4:3"}};
   for (const auto& [wide, mode, text] : modes) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/golden.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -11,6 +12,7 @@ namespace torvane {
 namespace {
 
 using test::AddNode;
+using test::ExpectGolden;
 using test::LinesWith;
 using test::WithCrLf;
 
@@ -24,47 +26,7 @@ class AuthorXmlTest : public testing::Test {
 };
 
 TEST_F(AuthorXmlTest, TwoFilmsWithASubmenu) {
-  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
-<dvdauthor dest="C:\O\DVD">
-<vmgm>
-    <menus>
-    <video format="pal"></video>
-      <pgc>
-      <pre> {  if (g1 eq 0) { button = 1024;} else  { button = g1*1024;} } </pre>
-        <vob file="C:\T\MMMenu.mpg" pause="inf"/>
-        <button name="MMB1">g1=1;jump title 1;</button>
-        <button name="MMB2">g1=2;jump title 2;</button>
-        <button name="MMB3">jump menu 2;</button>
-      </pgc>
-      <pgc>
-        <pre> { button=1024; } </pre>
-        <vob file="C:\T\MM1Menu.mpg" pause="inf"/>
-        <button name="MM1B0">jump menu 1;</button>
-      </pgc>
-    </menus>
-</vmgm>
-<titleset>
-    <menus>
-    <video format="pal"></video>
-      <pgc>
-        <pre>jump vmgm menu 1;</pre>
-        <vob file="C:\T\EmptyBackg.mpg" />
-        <post>jump vmgm menu 1;</post>
-      </pgc>
-    </menus>
-    <titles>
-      <pgc>
-        <vob file="C:\T\Film1.mpg" chapters="00:00:00.000"/>
-        <post>call vmgm menu 1;</post>
-      </pgc>
-      <pgc>
-        <vob file="C:\T\Film2.mpg" chapters="00:00:00.000"/>
-        <post>call vmgm menu 1;</post>
-      </pgc>
-    </titles>
-  </titleset>
-</dvdauthor>
-)"));
+  ExpectGolden(Text(), u"single_films.xml"_s);
 }
 
 TEST_F(AuthorXmlTest, EveryOptionAtOnce) {
@@ -92,74 +54,7 @@ TEST_F(AuthorXmlTest, EveryOptionAtOnce) {
   tree.SetCaption(u"FPCH2"_s, u"Chapters=00:00:00.000,00:10:00.000"_s);
   AddNode(project_, u"FP2"_s, u"FPPreAct2|Pre Action=g5=2;"_s);
   AddNode(project_, u"FP2"_s, u"FPPostAct2|Post Action=g6=1;\r\n\r\ncall vmgm menu;"_s);
-  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
-<dvdauthor dest="C:\O\DVD">
-<vmgm>
-      <!-- First Play action (Intro) --> 
-      <fpc> jump title 3; </fpc>
-    <menus>
-      <!-- vmgm menu 1 (MainMenu) --> 
-    <video format="ntsc"></video>
-      <subpicture>
-        <stream id="0" mode="widescreen" />
-        <stream id="1" mode="letterbox" />
-      </subpicture>
-      <pgc>
-      <pre> { g0=0; if (g1 eq 0) { button = 1024;} else  { button = g1*1024;} } </pre>
-        <vob file="C:\T\MMMenuL.mpg" pause="0"/>
-        <button name="MMB1">g1=1;jump title 1;</button>
-        <button name="MMB2">g1=2;jump title 2;</button>
-        <button name="MMB3">g0=1;jump title 1;</button>
-        <post>g1=s8/1024; jump menu 1;</post>
-      </pgc>
-      <!-- vmgm menu 2 (Menü <1>) --> 
-      <pgc entry="ptt">
-        <pre>
-          g5=1;
-          button=1024;
-        </pre>
-        <vob file="C:\T\MM1MenuL.mpg" pause="0"/>
-        <button name="MM1B0">jump menu 1;</button>
-        <post>g1=s8/1024; jump menu 2;</post>
-      </pgc>
-    </menus>
-</vmgm>
-<titleset>
-    <menus>
-    <video format="ntsc"></video>
-      <pgc>
-        <pre>jump vmgm menu 1;</pre>
-        <vob file="C:\T\EmptyBackg.mpg" />
-        <post>jump vmgm menu 1;</post>
-      </pgc>
-    </menus>
-    <titles>
-      <audio lang="de" />
-      <audio lang="en" />
-      <subpicture lang="fr" />
-      <pgc palette="C:\T\Film1.pal">
-      <pre> subtitle=64; </pre>
-        <vob file="C:\T\Film1_SUB2.mpg" chapters="00:00:00.000,00:10:01.202"/>
-        <post> { if (g0 eq 1) jump title 2; else call vmgm menu 2; } </post>
-      </pgc>
-      <pgc>
-      <pre>
-            g5=2;
-      </pre>
-        <vob file="C:\v\b.m2v" chapters="00:00:00.000,00:10:00.000"/>
-        <post>
-              g6=1;
-              call vmgm menu;
-        </post>
-      </pgc>
-      <pgc>
-        <vob file="C:\T\intro.mpg" chapters="00:00:00.00"/>
-        <post>call vmgm menu;</post>
-      </pgc>
-    </titles>
-  </titleset>
-</dvdauthor>
-)"));
+  ExpectGolden(Text(), u"single_every_option.xml"_s);
 }
 
 TEST_F(AuthorXmlTest, WithoutMenusTheTitlesFollowEachOther) {
@@ -167,29 +62,7 @@ TEST_F(AuthorXmlTest, WithoutMenusTheTitlesFollowEachOther) {
   settings.NoMenus = settings.GoNextTitle = settings.UseIntro = true;
   settings.IntroMovie = u"C:\\v\\intro.MPG"_s;
   project_.Tree.SetCaption(u"MMB3Action"_s, u"Action=Play_all"_s);
-  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
-<dvdauthor dest="C:\O\DVD">
-<vmgm>
-      <fpc> jump title 3; </fpc>
-</vmgm>
-<titleset>
-    <titles>
-      <pgc>
-        <vob file="C:\T\Film1.mpg" chapters="00:00:00.000"/>
-        <post>jump title 2;</post>
-      </pgc>
-      <pgc>
-        <vob file="C:\T\Film2.mpg" chapters="00:00:00.000"/>
-        <post>exit;</post>
-      </pgc>
-      <pgc>
-        <vob file="C:\v\intro.MPG" chapters="00:00:00.00"/>
-        <post>jump title 1;</post>
-      </pgc>
-    </titles>
-  </titleset>
-</dvdauthor>
-)"));
+  ExpectGolden(Text(), u"single_no_menus.xml"_s);
 }
 
 TEST_F(AuthorXmlTest, AButtonThatIsNotOnTheDiscLeavesNoLine) {

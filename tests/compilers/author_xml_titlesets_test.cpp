@@ -6,6 +6,7 @@
 #include "designer/edit_menus.h"
 #include "designer/element_nodes.h"
 #include "support/edit_bench.h"
+#include "support/golden.h"
 #include "support/text_lines.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -14,6 +15,7 @@ namespace torvane {
 namespace {
 
 using test::AddNode;
+using test::ExpectGolden;
 using test::LinesWith;
 using test::WithCrLf;
 
@@ -49,63 +51,7 @@ class AuthorXmlTitlesetsTest : public testing::Test, public test::EditBench {
 TEST_F(AuthorXmlTitlesetsTest, TwoFilmsWithASubmenu) {
   AddFilms(2);
   ASSERT_TRUE(AddMenu(context, {}, {}));
-  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
-<dvdauthor dest="C:\O\DVD">
-<vmgm>
-    <menus>
-    <video format="pal"></video>
-      <pgc entry="title">
-      <pre> { if (g1 eq 0) g1=1; button=g1*1024; } </pre>
-        <vob file="C:\T\MMMenu.mpg" pause="inf"/>
-        <button name="MMB1">jump titleset 1 menu;</button>
-        <button name="MMB2">jump titleset 2 menu;</button>
-        <button name="MMB3">jump menu 2;</button>
-      </pgc>
-      <pgc>
-        <pre> { g1=1; button=1024; } </pre>
-        <vob file="C:\T\MM1Menu.mpg" pause="inf"/>
-        <button name="MM1B0">jump menu 1;</button>
-      </pgc>
-    </menus>
-</vmgm>
-<titleset>
-    <menus>
-    <video format="pal"></video>
-      <pgc entry="root">
-        <pre> { if (g1 gt 0) jump title 1 chapter 1;
-                jump vmgm menu;} </pre>
-        <vob file="C:\T\TS1Menu.mpg" pause="inf"/>
-        <button name="TS1B0">jump vmgm menu;</button>
-      </pgc>
-    </menus>
-    <titles>
-      <pgc>
-       <pre> { g1=0; } </pre>
-        <vob file="C:\T\Film1.mpg" chapters="00:00:00.000"/>
-        <post>call vmgm menu 1;</post>
-      </pgc>
-    </titles>
-  </titleset>
-<titleset>
-    <menus>
-    <video format="pal"></video>
-      <pgc entry="root">
-        <pre> { if (g1 gt 0) jump title 1 chapter 1;
-                jump vmgm menu;} </pre>
-        <vob file="C:\T\TS2Menu.mpg" pause="inf"/>
-        <button name="TS2B0">jump vmgm menu;</button>
-      </pgc>
-    </menus>
-    <titles>
-      <pgc>
-       <pre> { g1=0; } </pre>
-        <vob file="C:\T\Film2.mpg" chapters="00:00:00.000"/>
-        <post>call vmgm menu 1;</post>
-      </pgc>
-    </titles>
-  </titleset>
-</dvdauthor>
-)"));
+  ExpectGolden(Text(), u"titlesets_films.xml"_s);
 }
 
 TEST_F(AuthorXmlTitlesetsTest, EveryOptionAtOnce) {
@@ -129,175 +75,14 @@ TEST_F(AuthorXmlTitlesetsTest, EveryOptionAtOnce) {
   AddNode(project, u"FP2"_s, u"FPPostAct2|Post Action=g6=1;\r\ncall vmgm menu;"_s);
   AddNode(project, u"TS2BG"_s, u"TS2BGPreAction|PreAction=g1=1;\r\nbutton=1024;"_s);
   AddNode(project, u"TS2BG"_s, u"TS2BGPostAction|PostAction=jump title 1;"_s);
-  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
-<dvdauthor dest="C:\O\DVD">
-<vmgm>
-      <!-- First Play action (Intro) --> 
-    <fpc> jump titleset 3 menu; </fpc>
-    <menus>
-      <!-- vmgm menu 1 (MainMenu) --> 
-    <video format="ntsc"></video>
-      <pgc entry="title">
-      <pre> { g0=0; g3=1;if (g1 eq 0) g1=1; button=g1*1024; } </pre>
-        <vob file="C:\T\MMMenu.mpg" pause="0"/>
-        <button name="MMB1">g3=1;jump titleset 1 menu;</button>
-        <button name="MMB2">g3=1;jump titleset 2 menu;</button>
-        <button name="MMB3">g1=1;jump menu 2;</button>
-        <button name="MMB4">g0=1;g1=1;jump titleset 1 menu;</button>
-        <post>g1=s8/1024; jump menu 1;</post>
-      </pgc>
-      <!-- vmgm menu 2 (MainSubMenu1) --> 
-      <pgc>
-        <pre> { g0=0; g3=1; if (g1 eq 0) g1=1; button=g1*1024; } </pre>
-        <vob file="C:\T\MM1Menu.mpg" pause="inf"/>
-        <button name="MM1B0">g1=1;jump menu 1;</button>
-      </pgc>
-      <pgc pause="0">
-       <pre> {
-       if (g2 eq 1) jump titleset 1 menu;
-       if (g2 eq 2) jump titleset 2 menu;}
-       </pre>
-      </pgc>
-    </menus>
-</vmgm>
-<titleset>
-    <menus>
-      <!-- titleset 1 menu 1 (Menü <1>) --> 
-    <video format="ntsc"></video>
-      <subpicture>
-        <stream id="0" mode="widescreen" />
-        <stream id="1" mode="letterbox" />
-      </subpicture>
-      <pgc entry="root">
-        <pre> { subtitle=64; if (g3 eq 0) g3=1;button=g3*1024; } </pre>
-        <vob file="C:\T\TS1MenuL.mpg" pause="0"/>
-        <button name="TS1B1">g1=1;jump menu 2;</button>
-        <button name="TS1B0">g1=1; g3=1;jump vmgm menu;</button>
-        <post>g3=s8/1024; jump menu 1;</post>
-      </pgc>
-      <!-- titleset 1 menu 2 (TS1SubMenu1) --> 
-      <pgc entry="Audio">
-        <pre> { g3=1; if (g1 eq 0) g1=1; button=g1*1024; } </pre>
-        <vob file="C:\T\SM1MenuL.mpg" pause="inf"/>
-        <button name="SM1B0">g1=1;jump titleset 1 menu;</button>
-      </pgc>
-    </menus>
-    <titles>
-      <audio lang="de" />
-      <audio lang="en" />
-      <subpicture lang="fr" />
-      <pgc palette="C:\T\Film1.pal">
-       <pre> { g1=0; } </pre>
-        <vob file="C:\T\Film1_SUB1.mpg" chapters="00:00:00.000"/>
-        <post> { if (g0 eq 1) {g1=1;g2=2;call vmgm menu 3;} else call menu; } </post>
-      </pgc>
-    </titles>
-  </titleset>
-<titleset>
-    <menus>
-      <!-- titleset 2 menu 1 (TitleSet2Menu) --> 
-    <video format="ntsc"></video>
-      <pgc entry="root">
-        <pre>
-            g1=1;
-            button=1024;
-        </pre>
-        <vob file="C:\T\TS2Menu.mpg" pause="inf"/>
-        <button name="TS2B0">g1=1; g3=1;jump vmgm menu;</button>
-        <post>jump title 1;</post>
-      </pgc>
-    </menus>
-    <titles>
-      <audio lang="it" />
-      <pgc>
-      <pre>
-            g5=2;
-      </pre>
-        <vob file="C:\T\Film2.mpg" chapters="00:00:00.000"/>
-        <post>
-              g6=1;
-              call vmgm menu;
-        </post>
-      </pgc>
-    </titles>
-  </titleset>
-<titleset>
-    <menus>
-      <!-- Titleset for First Play action (Intro) --> 
-      <pgc entry="root">
-        <pre>  jump title 1 chapter 1; </pre>
-        <vob file="C:\T\EmptyBackg.mpg" />
-      </pgc>
-    </menus>
-    <titles>
-      <pgc>
-        <vob file="C:\T\intro.mpg" chapters="00:00:00.00"/>
-        <post>call vmgm menu;</post>
-      </pgc>
-    </titles>
-  </titleset>
-</dvdauthor>
-)"));
+  ExpectGolden(Text(), u"titlesets_every_option.xml"_s);
 }
 
 TEST_F(AuthorXmlTitlesetsTest, WithoutMenusEachMenuPassesOn) {
   AddFilms(1);
   AddTracks(2);
   project.Settings.NoMenus = project.Settings.GoNextTitle = true;
-  EXPECT_EQ(Text(), WithCrLf(R"(<?xml version="1.0" encoding="utf-8"?>
-<dvdauthor dest="C:\O\DVD">
-<vmgm>
-    <menus>
-    <video format="pal"></video>
-      <pgc entry="title" pause="0">
-       <pre> {
-       if (g2 eq 1) jump titleset 1 menu;
-       if (g2 eq 2) jump titleset 2 menu;
-             jump titleset 1 menu; }
-       </pre>
-        <vob file="C:\T\EmptyBackg.mpg" pause="0"/>
-      </pgc>
-    </menus>
-</vmgm>
-<titleset>
-    <menus>
-    <video format="pal"></video>
-      <pgc entry="root" pause="0">
-        <pre> {  jump title 1 chapter 1; } </pre>
-        <vob file="C:\T\EmptyBackg.mpg" pause="0"/>
-      </pgc>
-    </menus>
-    <titles>
-      <pgc>
-       <pre> { g1=0; } </pre>
-        <vob file="C:\T\Film1.mpg" chapters="00:00:00.000"/>
-        <post>{ g1=1;g2=2;call vmgm menu 1;}</post>
-      </pgc>
-    </titles>
-  </titleset>
-<titleset>
-    <menus>
-    <video format="pal"></video>
-      <pgc entry="root" pause="0">
-        <pre> {  jump title 1 chapter 1; } </pre>
-        <vob file="C:\T\EmptyBackg.mpg" pause="0"/>
-      </pgc>
-    </menus>
-    <titles>
-      <pgc>
-       <pre> { g1=0; } </pre>
-        <vob file="C:\T\TempAudioMpg\FPA2#01.mpg" chapters="00:00:00.00"/>
-        <post>jump title 2;</post>
-      </pgc>
-      <pgc>
-       <pre> { g1=0; } </pre>
-        <vob file="C:\T\TempAudioMpg\FPA2#02.mpg" chapters="00:00:00.00"/>
-        <post>exit;</post>
-      </pgc>
-    </titles>
-  </titleset>
-</dvdauthor>
-)"));
+  ExpectGolden(Text(), u"titlesets_no_menus.xml"_s);
 }
 
 TEST_F(AuthorXmlTitlesetsTest, AnAudioTitlesetOfOneTitleHasAFileForEachTrack) {

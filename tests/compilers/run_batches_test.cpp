@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/golden.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -10,6 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
+using test::ExpectGolden;
 using test::WithCrLf;
 
 TEST(RunBatches, AreWrittenWordForWord) {
@@ -51,24 +53,7 @@ erase "C:\T\*.mpv" /Q
 }
 
 TEST(RunBatches, TheMainBatchLeavesBurningToTheUser) {
-  EXPECT_EQ(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}),
-            WithCrLf(R"(REM This batchfile will call all the other batchfiles
-REM to create the DVD folders. 
-REM It does NOT delete the content of the VIDEO_TS folder!
-REM YOU should delete the content of the VIDEO_TS folder
-REM (if any) before you run this batchfile.
-REM You may change the other batch and xml files
-REM for special purposes. Good luck!
-REM The batch files for burning with Nero are
-REM included (if the option was set), but the
-REM 'Call' is disabled (with REM). If you are sure
-REM what you are doing, just delete the REM statement.
-REM
-Call batchrun0.bat
-Call MMBrun1.bat
-REM Call xNERO.bat
-REM Call ImgBurnRun.bat
-)"));
+  ExpectGolden(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}), u"MainBatch.bat"_s);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "compilers/subtitle_files.h"
+#include "support/golden.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -12,6 +13,7 @@ namespace torvane {
 namespace {
 
 using test::AddNode;
+using test::ExpectGolden;
 using test::WithCrLf;
 
 class VideoBatchTest : public testing::Test {
@@ -43,55 +45,13 @@ TEST_F(VideoBatchTest, ShrinksAndAddsSubtitles) {
   AddNode(project_, u"FP2"_s, u"FPSA2|AddSubStream=2"_s);
   AddNode(project_, u"FP2"_s, u"FP1S2|SubTitel1=C:\\v\\c.srt"_s);
   const VideoBatch video = WriteVideoBatch(project_);
-  EXPECT_EQ(video.batch, WithCrLf(R"(@echo off
-echo.
-echo (shrink and) mux video and audio files
-"C:\tools\requant.exe" 1.2500 "C:\v\a.m2v" "C:\T\Film1_req.mpv"
-echo.
-"C:\tools\mplex.exe" -M -f 8 -o "C:\T\Film1.mpg" "C:\T\Film1_req.mpv"
-attrib -r "C:\T\Film1_req.mpv"
-erase "C:\T\Film1_req.mpv"
-echo.
-"C:\tools\spumux.exe" -ma -w -s0 "C:\T\Spu1Sub1.xml" <"C:\T\Film1.mpg" > "C:\T\Film1_SUB1.mpg" 
-erase "C:\T\Film1.mpg" 
-echo.
-erase "C:\T\TempSub.d\*.*" /Q
-rmdir "C:\T\TempSub.d"
-erase "C:\T\TempSub.sup"
-copy "C:\v\b.SUP" "C:\T\TempSub.sup"
-"C:\tools\sup2png.exe" "C:\T\TempSub.sup" "C:\T\Film1.pal"
-copy "C:\T\TempSub.d\spumux.xml" "C:\T\Spu2Sub1.xml"
-"C:\tools\spumux.exe" -w -s1 "C:\T\Spu2Sub1.xml" <"C:\T\Film1_SUB1.mpg" > "C:\T\Film1_SUB2.mpg" 
-erase "C:\T\Film1_SUB1.mpg" 
-echo.
-"C:\tools\spumux.exe" -w -s2 "C:\T\Spu1Sub2.xml" <"C:\v\b.m2v" > "C:\T\Film2_SUB1.mpg" 
-echo.
-)"));
+  ExpectGolden(video.batch, u"shrink_subtitles.bat"_s);
   ASSERT_EQ(video.palettes.size(), 1U);
   EXPECT_EQ(video.palettes[0].path, u"C:\\T\\Film1.pal"_s);
   EXPECT_EQ(video.palettes[0].content, "108080\r\nFFFF00\r\n000000\r\n563412\r\n");
   ASSERT_EQ(video.controlFiles.size(), 2U);
   EXPECT_EQ(video.controlFiles[0].path, u"C:\\T\\Spu1Sub1.xml"_s);
-  EXPECT_EQ(video.controlFiles[0].content, WithCrLf(R"(<subpictures>
-   <stream>
-     <textsub filename="C:\v\a.srt"
-        characterset="UTF-8"
-        fontsize="28.0"
-        font="arial.ttf"
-        horizontal-alignment="center"
-        vertical-alignment="bottom"
-        left-margin="60"
-        right-margin="60"
-        top-margin="30"
-        bottom-margin="30"
-        movie-fps="25"
-        subtitle-fps="25"
-        movie-width="720"
-        movie-height="576"
-     />
-   </stream>
-</subpictures>
-)"));
+  ExpectGolden(video.controlFiles[0].content, u"subtitles.xml"_s);
   EXPECT_EQ(video.controlFiles[1].path, u"C:\\T\\Spu1Sub2.xml"_s);
 }
 
