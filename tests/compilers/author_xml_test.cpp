@@ -69,9 +69,8 @@ TEST_F(AuthorXmlTest, AButtonThatIsNotOnTheDiscLeavesNoLine) {
   project_.Tree.SetCaption(u"MMB2Text"_s, u"Text= "_s);
   project_.Tree.SetCaption(u"MMBP2NormVis"_s, u"NormVis=0"_s);
   project_.Tree.Remove(u"MMB3Action"_s);
-  EXPECT_EQ(LinesWith(Text(), "<button"),
-            (QList<QByteArray>{"<button name=\"MMB1\">g1=1;jump title 1;</button>",
-                               "<button name=\"MM1B0\">jump menu 1;</button>"}));
+  EXPECT_EQ(LinesWith(Text(), "<button"), (QList<QByteArray>{"<button name=\"MMB1\">g1=1;jump title 1;</button>",
+                                                             "<button name=\"MM1B0\">jump menu 1;</button>"}));
   AddNode(project_, u"MMB2"_s, u"MMB2UseHigh|Highlight=0"_s);
   EXPECT_EQ(LinesWith(Text(), "MMB2").size(), 1);
 }
@@ -92,20 +91,18 @@ TEST_F(AuthorXmlTest, AnAutoActionButtonIsSelectedAndHasItsFourPseudoButtons) {
             (QList<QByteArray>{"<pre> {  button=2048;} </pre>", "<pre> {  button=1024; } </pre>",
                                "<pre>jump vmgm menu 1;</pre>"}));
   EXPECT_EQ(LinesWith(text, "=\"Action").first(4),
-            (QList<QByteArray>{"<button name=\"Actionleft\">jump Left;</button>",
-                               "<button name=\"Actionright\">jump Right;</button>",
-                               "<button name=\"Actionup\">jump Up;</button>",
-                               "<button name=\"Actiondown\">jump Down;</button>"}));
+            (QList<QByteArray>{
+                "<button name=\"Actionleft\">jump Left;</button>", "<button name=\"Actionright\">jump Right;</button>",
+                "<button name=\"Actionup\">jump Up;</button>", "<button name=\"Actiondown\">jump Down;</button>"}));
 }
 
 TEST_F(AuthorXmlTest, TheSyntaxCheckNamesTestFilesInTheMainMenuOnly) {
   const QByteArray text = WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck);
   EXPECT_EQ(LinesWith(text, ".mpg"),
-            (QList<QByteArray>{"<vob file=\"C:\\T\\MMtest.mpg\" pause=\"inf\"/>",
-                               "<vob file=\"C:\\T\\MM1Menu.mpg\" pause=\"inf\"/>",
-                               "<vob file=\"C:\\T\\Emptytest.mpg\" />",
-                               "<vob file=\"C:\\T\\Film1.mpg\" chapters=\"00:00:00.000\"/>",
-                               "<vob file=\"C:\\T\\Film2.mpg\" chapters=\"00:00:00.000\"/>"}));
+            (QList<QByteArray>{
+                "<vob file=\"C:\\T\\MMtest.mpg\" pause=\"inf\"/>", "<vob file=\"C:\\T\\MM1Menu.mpg\" pause=\"inf\"/>",
+                "<vob file=\"C:\\T\\Emptytest.mpg\" />", "<vob file=\"C:\\T\\Film1.mpg\" chapters=\"00:00:00.000\"/>",
+                "<vob file=\"C:\\T\\Film2.mpg\" chapters=\"00:00:00.000\"/>"}));
 }
 
 TEST_F(AuthorXmlTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {

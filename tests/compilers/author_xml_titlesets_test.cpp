@@ -171,51 +171,41 @@ TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPostOfATitle) {
   }
 }
 
-/// What the jump PGCs hold, one text a PGC: the tests in front, the first and the last titleset.
-QList<QByteArray> JumpPgcs(const QByteArray& text) {
-  QList<QByteArray> pgcs;
-  for (qsizetype at = text.indexOf("<pgc pause=\"0\">"); at >= 0; at = text.indexOf("<pgc pause=\"0\">", at + 1)) {
-    QList<QByteArray> lines = text.mid(at, text.indexOf("</pgc>", at) - at).split('\n');
-    lines = lines.sliced(2, lines.size() - 4);
-    QByteArray pgc;
-    int next = 0;
-    for (const QByteArray& line : lines) {
-      const QByteArray command = line.trimmed();
-      if (command.startsWith("if (g2 gt")) {
-        pgc += command.sliced(7, 5) + " menu " + command.sliced(command.lastIndexOf(' ') + 1);
-        continue;
-      }
-      const bool closes = &line == &lines.back();
-      const int k = command.split(' ')[3].chopped(1).toInt();
-      if (next == 0) pgc += ' ' + QByteArray::number(k);
+/// The PGCs that lead on to titlesets: the tests in front of all, and the titlesets from one number to the next.
+QByteArray JumpPgcs(const QByteArray& tests, const QList<int>& firsts, int last) {
+  QByteArray text;
+  for (qsizetype pgc = 0; pgc < firsts.size(); ++pgc) {
+    const int closing = pgc + 1 < firsts.size() ? firsts[pgc + 1] - 1 : last;
+    text += "      <pgc pause=\"0\">\n       <pre> {\n" + (pgc == 0 ? tests : QByteArray());
+    for (int k = firsts[pgc]; k <= closing; ++k) {
       const QByteArray number = QByteArray::number(k);
-      EXPECT_TRUE(next == 0 || k == next) << command.toStdString();
-      EXPECT_EQ(command, "if (g2 eq " + number + ") jump titleset " + number + " menu;" + (closes ? "}" : ""));
-      next = k + 1;
+      text += "       if (g2 eq " + number + ") jump titleset " + number + " menu;" + (k == closing ? "}\n" : "\n");
     }
-    pgcs << pgc + '-' + QByteArray::number(next - 1);
+    text += "       </pre>\n      </pgc>\n";
   }
-  return pgcs;
+  return WithCrLf(text);
 }
 
 TEST_F(AuthorXmlTitlesetsTest, AChainOfManyTitlesetsIsSplitIntoSeveralPgcs) {
   project.Settings.GoNextTitle = true;
-  const QByteArray to24 = "gt 24 menu 3;";
-  const QByteArray to49 = "gt 49 menu 4;";
-  const QByteArray to74 = "gt 74 menu 5;";
-  const std::pair<int, QList<QByteArray>> cases[] = {
-      {1, {" 1-1"}},
-      {25, {" 1-25"}},
-      {26, {to24 + " 1-24", " 25-26"}},
-      {50, {to24 + " 1-24", " 25-50"}},
-      {51, {to49 + to24 + " 1-24", " 25-49", " 50-51"}},
-      {75, {to49 + to24 + " 1-24", " 25-49", " 50-75"}},
-      {76, {to74 + to49 + to24 + " 1-24", " 25-49", " 50-74", " 75-76"}},
-      {98, {to74 + to49 + to24 + " 1-24", " 25-49", " 50-74", " 75-98"}},
+  const QByteArray above24 = "       if (g2 gt 24) jump menu 3;\n";
+  const QByteArray above49 = "       if (g2 gt 49) jump menu 4;\n" + above24;
+  const QByteArray above74 = "       if (g2 gt 74) jump menu 5;\n" + above49;
+  const std::tuple<int, QByteArray, QList<int>> cases[] = {
+      {1, {}, {1}},
+      {25, {}, {1}},
+      {26, above24, {1, 25}},
+      {50, above24, {1, 25}},
+      {51, above49, {1, 25, 50}},
+      {75, above49, {1, 25, 50}},
+      {76, above74, {1, 25, 50, 75}},
+      {98, above74, {1, 25, 50, 75}},
   };
-  for (const auto& [films, pgcs] : cases) {
+  for (const auto& [films, tests, firsts] : cases) {
     for (int film = project.FilmCount + 1; film <= films; ++film) test::AddFilm(project, film, u"MM"_s, u"C:\\a.m2v"_s);
-    EXPECT_EQ(JumpPgcs(Text()), pgcs) << films;
+    const QByteArray text = Text();
+    const qsizetype start = text.indexOf("      <pgc pause=\"0\">");
+    EXPECT_EQ(text.sliced(start, text.indexOf("    </menus>", start) - start), JumpPgcs(tests, firsts, films));
   }
 }
 

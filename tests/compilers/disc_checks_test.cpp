@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QTemporaryDir>
-
 #include "core/audio_title_set.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
 
@@ -18,19 +16,14 @@ namespace {
 class DiscChecksTest : public testing::Test {
  protected:
   DiscChecksTest() : project_(test::FixedSettings()) {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    for (const QString& name : {u"O/DVD/VIDEO_TS/sub"_s, u"O/DVD/AUDIO_TS"_s, u"T"_s, u"iso"_s, u"v"_s}) {
-      QDir(dir_.path()).mkpath(name);
-    }
     test::BuildTwoFilms(project_);
     project_.ProjectFile = u"C:\\x.tvn"_s;
   }
-  ~DiscChecksTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
   static void Touch(const QString& path) { ASSERT_TRUE(HostFiles::WriteAtomically(path, "x")); }
   static bool Exists(const QString& path) { return HostFiles::FileExists(path) || HostFiles::DirExists(path); }
 
-  QTemporaryDir dir_;
+  const test::DriveC drive_{{u"O/DVD/VIDEO_TS/sub"_s, u"O/DVD/AUDIO_TS"_s, u"T"_s, u"iso"_s, u"v"_s}};
   Project project_;
 };
 
@@ -144,8 +137,7 @@ TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {
   project_.Tree.SetCaption(u"FP2"_s, u"Name=FILM1"_s);
   test::RecordingPrompter prompter;
   EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
-  ASSERT_EQ(prompter.boxes.size(), 1U);
-  EXPECT_TRUE(prompter.boxes[0].text.contains(u"Films 1 and 2"));
+  EXPECT_TRUE(prompter.boxes.at(0).text.contains(u"Films 1 and 2"));
 }
 
 TEST_F(DiscChecksTest, SourcesThatTheVideoBatchWouldLoseAreRefused) {

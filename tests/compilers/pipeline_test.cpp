@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include "core/audio_title_set.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
 
@@ -19,19 +18,16 @@ namespace {
 class PipelineTest : public testing::Test {
  protected:
   PipelineTest() : project_(test::FixedSettings()) {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    for (const QString& name : {u"O/DVD/VIDEO_TS"_s, u"T"_s}) QDir(dir_.path()).mkpath(name);
     test::BuildTwoFilms(project_);
     for (const QString& menu : {u"MM"_s, u"MM1"_s}) project_.Tree.SetCaption(menu + u"BGPath", u"Image=C:\\back.png"_s);
     QImage background(72, 57, QImage::Format_RGB32);
     background.fill(Qt::darkBlue);
     background.save(HostFiles::ToHost(u"C:\\back.png"_s));
   }
-  ~PipelineTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
   static QStringList TempFiles() { return HostFiles::FileNames(u"C:\\T"_s); }
 
-  QTemporaryDir dir_;
+  const test::DriveC drive_{{u"O/DVD/VIDEO_TS"_s, u"T"_s}};
   Project project_;
   test::RecordingPrompter prompter_;
 };
@@ -43,13 +39,12 @@ TEST_F(PipelineTest, CreateBatchWritesEverythingAndListsIt) {
   ASSERT_TRUE(plan);
   EXPECT_EQ(plan->BatchList, (QStringList{u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MM1Brun1.bat"_s,
                                           u"MM1Brun2.bat"_s, u"EBrun1.bat"_s, u"author.bat"_s}));
-  EXPECT_EQ(TempFiles(), (QStringList{u"Author.xml"_s, u"EBrun1.bat"_s, u"EmptyBackg.jpg"_s, u"MM1Act.png"_s,
-                                      u"MM1Backg.png"_s, u"MM1Brun1.bat"_s, u"MM1Brun2.bat"_s, u"MM1High.png"_s,
-                                      u"MM1Spu.xml"_s, u"MMAct.png"_s, u"MMBackg.png"_s, u"MMBrun1.bat"_s,
-                                      u"MMBrun2.bat"_s, u"MMHigh.png"_s, u"MMSpu.xml"_s, u"MainBatch.bat"_s,
-                                      u"author.bat"_s, u"batchrun0.bat"_s}));
-  EXPECT_EQ(prompter_.boxes,
-            (std::vector<Box>{{.text = u"Batchfiles created! See MainBatch.bat for details"_s}}));
+  EXPECT_EQ(TempFiles(),
+            (QStringList{u"Author.xml"_s, u"EBrun1.bat"_s, u"EmptyBackg.jpg"_s, u"MM1Act.png"_s, u"MM1Backg.png"_s,
+                         u"MM1Brun1.bat"_s, u"MM1Brun2.bat"_s, u"MM1High.png"_s, u"MM1Spu.xml"_s, u"MMAct.png"_s,
+                         u"MMBackg.png"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MMHigh.png"_s, u"MMSpu.xml"_s,
+                         u"MainBatch.bat"_s, u"author.bat"_s, u"batchrun0.bat"_s}));
+  EXPECT_EQ(prompter_.boxes, (std::vector<Box>{{.text = u"Batchfiles created! See MainBatch.bat for details"_s}}));
 }
 
 TEST_F(PipelineTest, ARealRunEndsWithImageAndClosingLine) {

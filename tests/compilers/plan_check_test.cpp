@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <functional>
 
 #include "designer/edit_elements.h"
@@ -10,6 +9,7 @@
 #include "designer/edit_menus.h"
 #include "designer/element_nodes.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/edit_bench.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,16 +21,14 @@ namespace {
 class PlanCheckTest : public testing::Test {
  protected:
   PlanCheckTest() {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
     const QByteArray sound("\x0B\x77\x00\x00\x1E\x40", 6);  // AC-3, 48 kHz
     for (const QString& name : {u"1.ac3"_s, u"2.ac3"_s}) EXPECT_TRUE(HostFiles::WriteAtomically(u"C:\\" + name, sound));
     EXPECT_TRUE(HostFiles::WriteAtomically(u"C:\\m.mp2"_s, QByteArray("\xFF\xFD\xA4\x00", 4)));
   }
-  ~PlanCheckTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
   static AudioTitle Track(const QString& file) { return {file, {}, {}, {}, {}, 0}; }
 
-  QTemporaryDir dir_;
+  const test::DriveC drive_;
 };
 
 TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {

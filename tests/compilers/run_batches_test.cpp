@@ -29,9 +29,10 @@ TEST(RunBatches, AreWrittenWordForWord) {
 TEST(RunBatches, TheImageBatchErasesOnlyInARealRun) {
   Settings settings = test::FixedSettings();
   settings.ISO_Name = u"My 100% film"_s;
-  EXPECT_EQ(IsoBatch(settings, u"C:\\iso\\My 100% film.ISO"_s, BatchUse::Run),
-            WithCrLf("@echo off\necho.\necho create ISO image\n\"C:\\tools\\mkisofs.exe\" -dvd-video -V \"My 100%% film\" "
-                     "-udf -o \"C:\\iso\\My 100%% film.ISO\" \"C:\\O\\DVD\"\n"));
+  EXPECT_EQ(
+      IsoBatch(settings, u"C:\\iso\\My 100% film.ISO"_s, BatchUse::Run),
+      WithCrLf("@echo off\necho.\necho create ISO image\n\"C:\\tools\\mkisofs.exe\" -dvd-video -V \"My 100%% film\" "
+               "-udf -o \"C:\\iso\\My 100%% film.ISO\" \"C:\\O\\DVD\"\n"));
   settings.AutoDelete = true;
   const QByteArray erases = R"(erase "C:\T\TempSub.d\*.*" /Q
 erase "C:\T\TempAudioMpg\*.*" /Q
@@ -45,15 +46,17 @@ erase "C:\T\*.jpg" /Q
 erase "C:\T\*.m2v" /Q
 erase "C:\T\*.mpv" /Q
 )";
-  EXPECT_TRUE(IsoBatch(settings, u"C:\\x.ISO"_s, BatchUse::Run)
-                  .startsWith(WithCrLf("@echo off\necho.\necho Delete temp files\n" + erases + "echo create ISO image\n")));
+  EXPECT_TRUE(
+      IsoBatch(settings, u"C:\\x.ISO"_s, BatchUse::Run)
+          .startsWith(WithCrLf("@echo off\necho.\necho Delete temp files\n" + erases + "echo create ISO image\n")));
   QByteArray disabled = erases;
   disabled.replace("erase", "REM erase");
   EXPECT_TRUE(IsoBatch(settings, u"C:\\x.ISO"_s, BatchUse::WriteOnly).contains(WithCrLf(disabled)));
 }
 
 TEST(RunBatches, TheMainBatchLeavesBurningToTheUser) {
-  ExpectGolden(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}), u"MainBatch.bat"_s);
+  ExpectGolden(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}),
+               u"MainBatch.bat"_s);
 }
 
 }  // namespace

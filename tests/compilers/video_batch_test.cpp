@@ -30,7 +30,8 @@ TEST_F(VideoBatchTest, MultiplexesWhatIsNotMultiplexed) {
   const VideoBatch video = WriteVideoBatch(project_);
   EXPECT_EQ(video.batch, WithCrLf("@echo off\necho.\necho (shrink and) mux video and audio files\n"
                                   "\"C:\\tools\\mplex.exe\" -M -f 8 -O -120ms -o \"C:\\T\\Film1.mpg\" \"C:\\v\\a.m2v\" "
-                                  "\"C:\\v\\a.ac3\" \"C:\\v\\100%% Gr\x94\xE1" "e.mp2\"\n"));
+                                  "\"C:\\v\\a.ac3\" \"C:\\v\\100%% Gr\x94\xE1"
+                                  "e.mp2\"\n"));
   EXPECT_TRUE(video.controlFiles.empty());
 }
 
@@ -60,14 +61,19 @@ TEST_F(VideoBatchTest, ShrinkFactorRoundsHalvesUp) {
     QString size, target;
     QByteArray factor;
   };
-  for (const Case& c : {Case{u"33"_s, u"32"_s, "1.0313"}, {u"20001"_s, u"20000"_s, "1.0001"}, {u"20003"_s, u"20000"_s, "1.0002"},
-                        {u"1"_s, u"3"_s, "0.3333"}, {u"2"_s, u"3"_s, "0.6667"}, {u"700"_s, u"1"_s, "700.0000"}}) {
+  for (const Case& c : {Case{u"33"_s, u"32"_s, "1.0313"},
+                        {u"20001"_s, u"20000"_s, "1.0001"},
+                        {u"20003"_s, u"20000"_s, "1.0002"},
+                        {u"1"_s, u"3"_s, "0.3333"},
+                        {u"2"_s, u"3"_s, "0.6667"},
+                        {u"700"_s, u"1"_s, "700.0000"}}) {
     Project project(test::FixedSettings());
     test::BuildTwoFilms(project);
     project.Tree.SetCaption(u"FPVSize1"_s, u"Size(MB)="_s + c.size);
     AddNode(project, u"FPV1"_s, u"FPVShrinkTo1|ShrinkTo(MB)="_s + c.target);
-    EXPECT_EQ(test::LinesWith(WriteVideoBatch(project).batch, "requant"),
-              QList<QByteArray>{"\"C:\\tools\\requant.exe\" " + c.factor + " \"C:\\v\\a.m2v\" \"C:\\T\\Film1_req.mpv\""});
+    EXPECT_EQ(
+        test::LinesWith(WriteVideoBatch(project).batch, "requant"),
+        QList<QByteArray>{"\"C:\\tools\\requant.exe\" " + c.factor + " \"C:\\v\\a.m2v\" \"C:\\T\\Film1_req.mpv\""});
   }
   AddNode(project_, u"FPV1"_s, u"FPVShrinkTo1|ShrinkTo(MB)=-1"_s);
   EXPECT_FALSE(WriteVideoBatch(project_).batch.contains("requant"));
@@ -77,8 +83,9 @@ TEST_F(VideoBatchTest, MultiplexesAnIntroThatIsNoProgramStream) {
   project_.Settings.UseIntro = true;
   project_.Settings.IntroMovie = u"C:\\v\\i.m2v"_s;
   project_.Settings.IntroAudio = u"C:\\v\\i.ac3"_s;
-  EXPECT_EQ(test::LinesWith(WriteVideoBatch(project_).batch, "intro"),
-            QList<QByteArray>{"\"C:\\tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\intro.mpg\" \"C:\\v\\i.m2v\" \"C:\\v\\i.ac3\""});
+  EXPECT_EQ(
+      test::LinesWith(WriteVideoBatch(project_).batch, "intro"),
+      QList<QByteArray>{"\"C:\\tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\intro.mpg\" \"C:\\v\\i.m2v\" \"C:\\v\\i.ac3\""});
   project_.Settings.IntroMovie = u"C:\\v\\i.MPG"_s;
   EXPECT_FALSE(WriteVideoBatch(project_).batch.contains("intro"));
 }
