@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 
+#include "pixels.h"
 #include "platform/host_files.h"
 #include "render/text_painter.h"
 #include "support/project_builder.h"
@@ -12,17 +13,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
-
-/// The rectangle of all pixels of a colour.
-QRect Extent(const QImage& image, QRgb color) {
-  QRect extent;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (image.pixel(x, y) == color) extent |= QRect(x, y, 1, 1);
-    }
-  }
-  return extent;
-}
 
 TEST(AudioSlide, ShowsTheTextsOverTheStretchedImage) {
   const QTemporaryDir dir;
@@ -51,9 +41,9 @@ TEST(AudioSlide, ShowsTheTextsOverTheStretchedImage) {
       const AudioTextLayout& text = i == 0 ? layout.Author : i == 1 ? layout.Album : layout.Title;
       const TextPainter painter(text.Font);
       const int lines = i == 1 ? 2 : 1;
-      const QRect cell(text.XPos, text.YPos, std::min(painter.TextWidth(i == 2 ? title.Title : title.Artist), 720 - text.XPos),
-                       painter.TextHeight() * lines);
-      const QRect ink = Extent(slide, colors[i]);
+      const int width = std::min(painter.TextWidth(i == 2 ? title.Title : title.Artist), 720 - text.XPos);
+      const QRect cell(text.XPos, text.YPos, width, painter.TextHeight() * lines);
+      const QRect ink = test::AreaOf(slide, colors[i]);
       EXPECT_TRUE(cell.contains(ink)) << i;
       EXPECT_GT(ink.width(), cell.width() * 2 / 3) << i;
       EXPECT_GT(ink.height(), cell.height() * 2 / 5) << i;
@@ -70,13 +60,13 @@ TEST(AudioSlide, IsSoftenedAsTheLayoutSaysAndBlackWithoutImage) {
   const QImage sharp = DrawAudioSlide(title, layout, settings, pictures);
   EXPECT_EQ(pictures.Errors(), QStringList{u"Picture \"C:\\no\\such.png\" of film 4 (Songs): File Not Found"_s});
   EXPECT_EQ(sharp.pixel(0, 0), qRgb(0, 0, 0));
-  ASSERT_FALSE(Extent(sharp, qRgb(255, 0, 0)).isEmpty());
+  ASSERT_FALSE(test::AreaOf(sharp, qRgb(255, 0, 0)).isEmpty());
 
   layout.BlurX = layout.BlurY = 100;
   EXPECT_EQ(DrawAudioSlide(title, layout, settings, pictures), sharp);
   layout.UseBlur = true;
   const QImage soft = DrawAudioSlide(title, layout, settings, pictures);
-  EXPECT_TRUE(Extent(soft, qRgb(255, 0, 0)).isEmpty());
+  EXPECT_TRUE(test::AreaOf(soft, qRgb(255, 0, 0)).isEmpty());
   EXPECT_EQ(soft.pixel(0, 0), qRgb(0, 0, 0));
 }
 

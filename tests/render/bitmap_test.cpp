@@ -5,6 +5,8 @@
 #include <cmath>
 #include <vector>
 
+#include "pixels.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
@@ -19,13 +21,10 @@ QImage Row(const Pixels& pixels, QImage::Format format = QImage::Format_ARGB32) 
   return image;
 }
 
+/// The stored pixels of the first row.
 Pixels PixelsOf(const QImage& image) {
-  Pixels pixels;
-  for (int y = 0; y < image.height(); ++y) {
-    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    pixels.insert(pixels.end(), line, line + image.width());
-  }
-  return pixels;
+  const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(0));
+  return {line, line + image.width()};
 }
 
 std::vector<int> IndicesOf(const QImage& image) {
@@ -34,39 +33,26 @@ std::vector<int> IndicesOf(const QImage& image) {
   return indices;
 }
 
-void Fill(QImage& image, int x, int y, QRgb color) {
-  image.setPixel(x, y, color);
-}
-
-TEST(Bitmap, MakesOneColorTransparent) {
+TEST(Bitmap, RecolorsPixels) {
   QImage image = Row({0xFF102030, 0xFF102031, 0x80102030, 0});
   MakeTransparent(image, 0xFF102030);
   EXPECT_EQ(PixelsOf(image), (Pixels{0, 0xFF102031, 0x80102030, 0}));
-}
 
-TEST(Bitmap, InvertsAMask) {
-  QImage image = Row({0x00000000, 0xFFFFFFFF, 0x80808080, 0xFF000000});
+  image = Row({0x00000000, 0xFFFFFFFF, 0x80808080, 0xFF000000});
   InvertMask(image);
   EXPECT_EQ(PixelsOf(image), (Pixels{0xFFFF0000, 0x00000000, 0x80808080, 0xFF000000}));
-}
 
-TEST(Bitmap, MakesEveryDrawnLevelFull) {
-  QImage image = Row({0xFF010000, 0xFF000000, 0xFF00FF80, 0x40010203});
+  image = Row({0xFF010000, 0xFF000000, 0xFF00FF80, 0x40010203});
   MakeFullColor(image, 0.002);
   EXPECT_EQ(PixelsOf(image), (Pixels{0xFFFF0000, 0xFF000000, 0xFF00FFFF, 0x40FFFFFF}));
-
-  QImage halves = Row({0xFF7F8000});
-  MakeFullColor(halves, 0.5);
-  EXPECT_EQ(PixelsOf(halves), (Pixels{0xFF00FF00}));
+  image = Row({0xFF7F8000});
+  MakeFullColor(image, 0.5);
+  EXPECT_EQ(PixelsOf(image), (Pixels{0xFF00FF00}));
 }
 
 TEST(Bitmap, MakesMasks) {
-  struct Case {
-    MaskMode mode;
-    Pixels expected;
-  };
   const Pixels source{0xFF123456, 0x80123456, 0x00123456, 0xFFFF0000, 0xFF00FF00, 0xFF800000, 0xFFFFFF00, 0xFF000000};
-  const Case cases[] = {
+  const std::pair<MaskMode, Pixels> cases[] = {
       {MaskMode::OpaqueToWhite,
        {0xFFFFFFFF, 0x80808080, 0, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}},
       // Colour 1 is (200, 100, 0) with alpha 150, colour 2 (0, 255, 50) with alpha 254; sums stop at 255.
@@ -75,30 +61,27 @@ TEST(Bitmap, MakesMasks) {
       {MaskMode::OpaqueToRed, {0xFFFF0000, 0x80800000, 0, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000}},
       {MaskMode::RedToShadow, {0x12000000, 0x12000000, 0x12000000, 0xFF000000, 0, 0x80000000, 0xFF000000, 0}},
   };
-  for (const Case& test : cases) {
+  for (const auto& [mode, expected] : cases) {
     QImage image = Row(source);
-    MakeMask(image, test.mode, u"200#100#000#150", u"000#255#050#254");
-    EXPECT_EQ(PixelsOf(image), test.expected) << static_cast<int>(test.mode);
+    MakeMask(image, mode, u"200#100#000#150", u"000#255#050#254");
+    EXPECT_EQ(PixelsOf(image), expected) << static_cast<int>(mode);
   }
 }
 
 TEST(Bitmap, RecolorsPicturesOfAnyFormat) {
   QImage palette(2, 1, QImage::Format_Indexed8);
   palette.setColorTable({0x00000000, 0xFF00FF00});
-  palette.setPixel(0, 0, 0);
-  palette.setPixel(1, 0, 1);
+  for (int x = 0; x < 2; ++x) palette.setPixel(x, 0, x);
   MakeMask(palette, MaskMode::OpaqueToRed);
   EXPECT_EQ(palette.format(), QImage::Format_ARGB32);
   EXPECT_EQ(PixelsOf(palette), (Pixels{0, 0xFFFF0000}));
 }
 
-// ---- Blur ----
-
 /// A black picture of 5 by 5 with one bright pixel in the middle.
 QImage Dot(QRgb dot) {
   QImage image(5, 5, QImage::Format_ARGB32);
   image.fill(qRgba(0, 0, 0, 255));
-  Fill(image, 2, 2, dot);
+  image.setPixel(2, 2, dot);
   return image;
 }
 
@@ -113,41 +96,33 @@ std::vector<int> InnerReds(const QImage& image) {
 
 TEST(Bitmap, BlursRowsAndColumnsByTheirOwnStrength) {
   // At 100 percent the centre weighs 0.4985 and each side 0.25075, at 50 percent 0.7085 and 0.14575.
-  struct Case {
-    int x;
-    int y;
+  const struct {
+    int x, y;
     std::vector<int> expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {0, 0, {0, 0, 0, 0, 200, 0, 0, 0, 0}},
       {100, 0, {0, 0, 0, 50, 100, 50, 0, 0, 0}},
       {0, 100, {0, 50, 0, 0, 100, 0, 0, 50, 0}},
       {100, 50, {7, 15, 7, 35, 71, 35, 7, 15, 7}},
   };
-  for (const Case& test : cases) {
+  for (const auto& [x, y, expected] : cases) {
     QImage image = Dot(qRgb(200, 0, 0));
-    Blur32HV(image, test.x, test.y);
-    EXPECT_EQ(InnerReds(image), test.expected) << test.x << ' ' << test.y;
+    Blur32HV(image, x, y);
+    EXPECT_EQ(InnerReds(image), expected) << x << ' ' << y;
     EXPECT_EQ(image.pixel(2, 2) >> 24, 255U);
   }
 }
 
 TEST(Bitmap, BlurNeverFiltersTheOutermostPixelsAndKeepsEveryByteInItsRange) {
   QImage image(6, 4, QImage::Format_RGB32);
-  for (int y = 0; y < 4; ++y) {
-    for (int x = 0; x < 6; ++x) image.setPixel(x, y, (x + y) % 2 == 0 ? 0xFFFFFFFF : 0xFF000000);
-  }
+  test::ForPixels(image,
+                  [&](QPoint at, QRgb) { image.setPixel(at, (at.x() + at.y()) % 2 == 0 ? 0xFFFFFFFF : 0xFF000000); });
   const QImage before = image;
   Blur32HV(image, 5000, 90);  // far beyond what a dialog allows: the weights leave 0 to 1
-  for (int y = 0; y < 4; ++y) {
-    for (int x = 0; x < 6; ++x) {
-      const bool border = x == 0 || y == 0 || x == 5 || y == 3;
-      if (border) {
-        EXPECT_EQ(image.pixel(x, y), before.pixel(x, y)) << x << ' ' << y;
-      }
-      EXPECT_EQ(qAlpha(image.pixel(x, y)), 255);
-    }
-  }
+  test::ForPixels(image, [&](QPoint at, QRgb pixel) {
+    EXPECT_EQ(qAlpha(pixel), 255);
+    EXPECT_TRUE(QRect(1, 1, 4, 2).contains(at) || pixel == before.pixel(at)) << at.x() << ' ' << at.y();
+  });
 
   for (const QSize& size : {QSize(1, 1), QSize(2, 5), QSize(5, 2)}) {
     QImage small(size, QImage::Format_ARGB32);
@@ -161,9 +136,9 @@ TEST(Bitmap, BlurNeverFiltersTheOutermostPixelsAndKeepsEveryByteInItsRange) {
 TEST(Bitmap, BlursEveryChannelAsTheWeightsSay) {
   QImage image(3, 3, QImage::Format_ARGB32);
   image.fill(0);
-  Fill(image, 0, 1, 0x0A141E28);
-  Fill(image, 1, 1, 0xFF80C832);
-  Fill(image, 2, 1, 0x64320A00);
+  image.setPixel(0, 1, 0x0A141E28);
+  image.setPixel(1, 1, 0xFF80C832);
+  image.setPixel(2, 1, 0x64320A00);
   Blur32HV(image, 90, 0);
   const double c = 0.125 * 0.81 - 0.6075 * 0.9 + 0.981;
   const double s = (1 - c) / 2;
@@ -178,11 +153,8 @@ TEST(Bitmap, HighlightBlurTouchesRedAlone) {
   Blur32HVHigh(image, 100, 50);
   Blur32HV(all, 100, 50);
   EXPECT_EQ(InnerReds(image), InnerReds(all));
-  for (int y = 0; y < 5; ++y) {
-    for (int x = 0; x < 5; ++x) {
-      EXPECT_EQ(image.pixel(x, y) & 0xFF00FFFF, Dot(qRgba(200, 255, 77, 99)).pixel(x, y) & 0xFF00FFFF);
-    }
-  }
+  const QImage before = Dot(qRgba(200, 255, 77, 99));
+  test::ForPixels(image, [&](QPoint at, QRgb pixel) { EXPECT_EQ(pixel & 0xFF00FFFF, before.pixel(at) & 0xFF00FFFF); });
 }
 
 TEST(Bitmap, LeavesOtherFormatsAloneWhereItSoftensOrReduces) {
@@ -196,16 +168,13 @@ TEST(Bitmap, LeavesOtherFormatsAloneWhereItSoftensOrReduces) {
   EXPECT_EQ(image, before);
 }
 
-// ---- Indices ----
-
 TEST(Bitmap, ReducesAPlaneToFourIndices) {
-  struct Case {
+  const struct {
     HighlightEdges edges;
     HighlightFrames frames;
     Pixels pixels;
     std::vector<int> expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {HighlightEdges::Hard,
        HighlightFrames::Drawn,
        {0xFF000000, 0xFFFF0000, 0xFF00FF00, 0xFF800000, 0xFF0000FF, 0x00000000},
@@ -221,7 +190,7 @@ TEST(Bitmap, ReducesAPlaneToFourIndices) {
         0xFFFF0000, 0xFFFFFF00, 0xFF20FF00},
        {0, 2, 0, 0, 0, 0, 3, 3, 1, 1, 1, 0}},
   };
-  for (const Case& test : cases) {
+  for (const auto& test : cases) {
     QImage image = Row(test.pixels);
     ConvertTo256Bpp(image, test.edges, test.frames);
     EXPECT_EQ(IndicesOf(image), test.expected);
@@ -232,13 +201,11 @@ TEST(Bitmap, ReducesAPlaneToFourIndices) {
 }
 
 TEST(Bitmap, GivesIndicesTheirColors) {
-  struct Case {
+  const struct {
     HighlightFrames frames;
     QString color1;
     Pixels expected;
-  };
-  const QString color2 = u"000#000#255#100"_s;
-  const Case cases[] = {
+  } cases[] = {
       {HighlightFrames::None, u"255#000#000#200"_s, {0x00000000, 0xC8FF0000, 0x8CFF0000, 0x3CFF0000}},
       {HighlightFrames::Drawn, u"255#000#000#200"_s, {0x00000000, 0xC8FF0000, 0x640000FF, 0x78FF0000}},
       // 0.7 and 0.3 of 5, 15 and 255 halve to the even neighbour.
@@ -246,10 +213,10 @@ TEST(Bitmap, GivesIndicesTheirColors) {
       {HighlightFrames::None, u"001#002#003#015"_s, {0x00000000, 0x0F010203, 0x0A010203, 0x04010203}},
       {HighlightFrames::None, u"001#002#003#255"_s, {0x00000000, 0xFF010203, 0xB2010203, 0x4C010203}},
   };
-  for (const Case& test : cases) {
+  for (const auto& test : cases) {
     QImage image = Row({0xFF000000, 0xFFFF0000});
     ConvertTo256Bpp(image, HighlightEdges::Smooth, test.frames);
-    SetPNGPalette(image, test.color1, color2, test.frames);
+    SetPNGPalette(image, test.color1, u"000#000#255#100", test.frames);
     const QList<QRgb> palette = image.colorTable();
     EXPECT_EQ(Pixels(palette.begin(), palette.begin() + 4), test.expected) << test.color1.toStdString();
     EXPECT_EQ(IndicesOf(image), (std::vector{0, 1}));

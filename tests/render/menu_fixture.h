@@ -3,15 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
-#include <set>
 
 #include "core/text.h"
+#include "pixels.h"
 #include "platform/host_files.h"
 #include "render/bitmap.h"
 #include "render/compositor.h"
 #include "support/menu_builder.h"
 
 namespace torvane::test {
+
+using namespace Qt::Literals::StringLiterals;
 
 /// A main menu over a grey background, with a directory for its pictures. Its highlight colours are opaque: fill red
 /// and frame green, activated fill blue and frame white.
@@ -24,20 +26,17 @@ class MenuFixture : public testing::Test {
   static constexpr QRgb kActFrame = 0xFFFFFFFF;
 
   MenuFixture() : project_(FixedSettings()) {
-    project_.Settings.TempDir = HostFiles::ToDos(dir_.path());
     AddDefaultProject(project_);
     project_.Settings.TempDir = HostFiles::ToDos(dir_.path());
     QImage background(720, 576, QImage::Format_RGB32);
     background.fill(kGrey);
-    SetCaptions(project_,
-                {{QStringLiteral("MMBGPath"), u"Image=" + SavePicture(QStringLiteral("back.png"), background)},
-                 {QStringLiteral("MMHC1"), QStringLiteral("FillColor=255,0,0")},
-                 {QStringLiteral("MMHC2"), QStringLiteral("FrameColor=0,255,0")},
-                 {QStringLiteral("MMAC1"), QStringLiteral("FillColor=0,0,255")},
-                 {QStringLiteral("MMAC2"), QStringLiteral("FrameColor=255,255,255")}});
-    for (const QString& key :
-         {QStringLiteral("MMHCT1"), QStringLiteral("MMHCT2"), QStringLiteral("MMACT1"), QStringLiteral("MMACT2")}) {
-      project_.Tree.SetCaption(key, QStringLiteral("Transparenz=0%"));
+    SetCaptions(project_, {{u"MMBGPath"_s, u"Image=" + SavePicture(u"back.png"_s, background)},
+                           {u"MMHC1"_s, u"FillColor=255,0,0"_s},
+                           {u"MMHC2"_s, u"FrameColor=0,255,0"_s},
+                           {u"MMAC1"_s, u"FillColor=0,0,255"_s},
+                           {u"MMAC2"_s, u"FrameColor=255,255,255"_s}});
+    for (const QString& key : {u"MMHCT1"_s, u"MMHCT2"_s, u"MMACT1"_s, u"MMACT2"_s}) {
+      project_.Tree.SetCaption(key, u"Transparenz=0%"_s);
     }
   }
 
@@ -54,7 +53,7 @@ class MenuFixture : public testing::Test {
     for (int y = 0; y < 20; ++y) {
       for (int x = 0; x < 20; ++x) mask.setPixel(x, y, 0xFFFFFF00);
     }
-    return SavePicture(QStringLiteral("half.png"), mask);
+    return SavePicture(u"half.png"_s, mask);
   }
 
   MenuView Menu() const { return {project_.Tree, MainMenuKey()}; }
@@ -71,38 +70,6 @@ class MenuFixture : public testing::Test {
     }
     ADD_FAILURE() << "no picture " << suffix.toString().toStdString();
     return {};
-  }
-
-  static std::set<QRgb> ColorsOf(const QImage& picture) {
-    std::set<QRgb> colors;
-    for (int y = 0; y < picture.height(); ++y) {
-      for (int x = 0; x < picture.width(); ++x) colors.insert(picture.pixel(x, y));
-    }
-    return colors;
-  }
-
-  /// The smallest rectangle around all pixels for which `test` is true.
-  template <class Test>
-  static QRect AreaOf(const QImage& picture, Test test) {
-    QRect area;
-    for (int y = 0; y < picture.height(); ++y) {
-      for (int x = 0; x < picture.width(); ++x) {
-        if (test(picture.pixel(x, y))) area |= QRect(x, y, 1, 1);
-      }
-    }
-    return area;
-  }
-
-  static QRect AreaOf(const QImage& picture, QRgb color) {
-    return AreaOf(picture, [color](QRgb pixel) { return pixel == color; });
-  }
-
-  static qsizetype CountOf(const QImage& picture, QRgb color) {
-    qsizetype count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-      for (int x = 0; x < picture.width(); ++x) count += picture.pixel(x, y) == color ? 1 : 0;
-    }
-    return count;
   }
 
   QTemporaryDir dir_;

@@ -89,7 +89,7 @@ TEST_F(MenuPictures, SurviveJpegAtFullQuality) {
   const Result<QByteArray> jpeg = EncodePicture(black, u"EmptyBackg.jpg"_s);
   ASSERT_TRUE(jpeg);
   ASSERT_TRUE(HostFiles::WriteAtomically(project_.Settings.TempDir + u"\\EmptyBackg.jpg", *jpeg));
-  EXPECT_EQ(ColorsOf(QImage(Host(u"EmptyBackg.jpg"_s))), std::set{kPlaneBlack});
+  EXPECT_EQ(test::ColorsOf(QImage(Host(u"EmptyBackg.jpg"_s))), std::set{kPlaneBlack});
   const QString output = Shell(u"jpeg2yuv -n 1 -I t -L 1 -f 25 -j EmptyBackg.jpg 2>log | head -c 60"_s);
   EXPECT_TRUE(output.startsWith(u"YUV4MPEG2 W720 H576 F25:1 It"_s)) << output.toStdString();
 }

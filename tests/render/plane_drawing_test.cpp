@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "pixels.h"
 #include "render/bitmap.h"
 #include "support/project_builder.h"
 
@@ -19,13 +20,10 @@ QImage Plane(int width, int height) {
 /// The plane as text: "#" for green, "r" for red, "." for black.
 std::string Sketch(const QImage& plane) {
   std::string text = "\n";
-  for (int y = 0; y < plane.height(); ++y) {
-    for (int x = 0; x < plane.width(); ++x) {
-      const QRgb pixel = plane.pixel(x, y);
-      text += pixel == kPlaneGreen ? '#' : pixel == kPlaneRed ? 'r' : pixel == kPlaneBlack ? '.' : '?';
-    }
-    text += '\n';
-  }
+  test::ForPixels(plane, [&](QPoint at, QRgb pixel) {
+    text += pixel == kPlaneGreen ? '#' : pixel == kPlaneRed ? 'r' : pixel == kPlaneBlack ? '.' : '?';
+    if (at.x() == plane.width() - 1) text += '\n';
+  });
   return text;
 }
 
