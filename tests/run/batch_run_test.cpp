@@ -4,7 +4,6 @@
 
 #include <QTemporaryDir>
 #include <csignal>
-#include <map>
 
 #include "platform/host_files.h"
 #include "run/console_capture.h"
@@ -14,8 +13,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
-
-const QString kHelper = QStringLiteral(TORVANE_BIN_DIR "/run_console_helper");
 
 /// Plays back what was written for each command line, and records in which directory it ran.
 class FakeConsole : public Console {
@@ -53,26 +50,21 @@ class Recorder : public RunListener {
  public:
   void TextAppended(const QString& text) override {
     shown += text;
-    Note(u"text "_s + QString(text).replace(u'\r', u"\\r"_s).replace(u'\n', u"\\n"_s));
+    events << u"text "_s + QString(text).replace(u'\r', u"\\r"_s).replace(u'\n', u"\\n"_s);
   }
-  void CaptionChanged(const QString& caption) override { Note(u"caption "_s + caption); }
+  void CaptionChanged(const QString& caption) override { events << u"caption "_s + caption; }
   void StepStarted(qsizetype index, qsizetype count, const QString& batch) override {
-    Note(u"step %1/%2 %3"_s.arg(index).arg(count).arg(batch));
+    events << u"step %1/%2 %3"_s.arg(index).arg(count).arg(batch);
   }
-  void StepEnded(qsizetype index, double seconds) override { Note(u"ended %1 %2 s"_s.arg(index).arg(seconds)); }
-  void Marked(const RunMark& mark) override { Note(u"red "_s + shown.mid(mark.from, mark.length).trimmed()); }
-  void SignShown(RunSign sign) override { Note(sign == RunSign::Error ? u"error sign"_s : u"success sign"_s); }
-  void Finished(RunOutcome outcome) override { Note(u"outcome %1"_s.arg(int(outcome))); }
+  void StepEnded(qsizetype index, double seconds) override { events << u"ended %1 %2 s"_s.arg(index).arg(seconds); }
+  void Marked(const RunMark& mark) override { events << u"red "_s + shown.mid(mark.from, mark.length).trimmed(); }
+  void SignShown(RunSign sign) override { events << (sign == RunSign::Error ? u"error sign"_s : u"success sign"_s); }
+  void Finished(RunOutcome outcome) override { events << u"outcome %1"_s.arg(int(outcome)); }
   void Pump() override { onPump(); }
-
-  std::string Events() const { return events.join(u'\n').toStdString() + '\n'; }
 
   QString shown;
   QStringList events;
   std::function<void()> onPump = [] {};
-
- private:
-  void Note(const QString& event) { events << event; }
 };
 
 class BatchRunTest : public testing::Test {
@@ -93,7 +85,9 @@ class BatchRunTest : public testing::Test {
     request.OutDir = u"C:\\O"_s;
     return request;
   }
-  static QByteArray Content(const QString& dosPath) {
+  RunOutcome Run(const RunRequest& request) { return BatchRun(request, console_, recorder_, clock_).RunToEnd(); }
+
+  static QByteArray Log(const QString& dosPath = u"C:\\O\\TorvaneAuthor.log"_s) {
     const Result<QByteArray> content = HostFiles::Read(dosPath);
     return content ? *content : "failed: " + content.Error().toUtf8();
   }
@@ -114,12 +108,11 @@ TEST_F(BatchRunTest, RunsAllStepsAndWritesTheLog) {
   QByteArray logMeanwhile;
   console_.plays[u"cmd.exe"_s] = {{u"Console\r\nC:\\T>"_s}, {}};
   console_.plays[u"cmd /k a.bat"_s] = {{u"größe\r\n"_s, u"größe\r\n"_s, u"50%>"_s, u"\r\nC:\\T>"_s}, {}};
-  console_.plays[u"cmd /k b.bat"_s] = {
-      {u"C:\\T>"_s}, {}, [&] { logMeanwhile = Content(u"C:\\O\\TorvaneAuthor.log"_s); }};
+  console_.plays[u"cmd /k b.bat"_s] = {{u"C:\\T>"_s}, {}, [&] { logMeanwhile = Log(); }};
   BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
   EXPECT_EQ(run.RunToEnd(), RunOutcome::Finished);
-  EXPECT_EQ(recorder_.Events(),
-            R"(caption BatchRun Log
+  EXPECT_EQ(recorder_.events.join(u'\n'),
+            uR"(caption BatchRun Log
 text Console\r\nC:\T>
 caption BatchRun Log   Running: a.bat
 text Time: 2024-05-06 07:08:09\r\n
@@ -135,16 +128,14 @@ text C:\T>
 ended 1 1.5 s
 success sign
 caption BatchRun Log   Finished
-outcome 0
-)");
+outcome 0)");
   EXPECT_EQ(logMeanwhile,
             "Start CaptureConsole\r\n"
             "Capture console running; Next command: cmd /k a.bat\r\n"
             "Capture console running; Next command: cmd /k b.bat\r\n");
-  EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s),
-            "Console\r\nC:\\T>Time: 2024-05-06 07:08:09\r\ngr\xC3\xB6\xC3\x9F"
-            "e\r\n50%>\r\nC:\\T>"
-            "Time: 2024-05-06 07:08:09\r\nC:\\T>");
+  EXPECT_EQ(Log(),
+            u"Console\r\nC:\\T>Time: 2024-05-06 07:08:09\r\ngröße\r\n50%>\r\nC:\\T>"
+            "Time: 2024-05-06 07:08:09\r\nC:\\T>"_s.toUtf8());
   EXPECT_EQ(run.PromptText(), u"C:\\T"_s);
   EXPECT_EQ(console_.ran, (QStringList{u"cmd.exe in C:\\T"_s, u"cmd /k a.bat in C:\\T"_s, u"cmd /k b.bat in C:\\T"_s}));
   EXPECT_EQ(run.RequestClose(), BatchRun::CloseAnswer::MayClose);
@@ -154,48 +145,37 @@ outcome 0
 
 TEST_F(BatchRunTest, AnErrorWordStopsTheStepsBehind) {
   console_.plays[u"cmd /k a.bat"_s] = {{u"*ERROR: no\r\nC:\\T>"_s}, {}};
-  BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
-  EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
-  EXPECT_EQ(recorder_.Events(),
-            R"(caption BatchRun Log
-text C:\T>
-caption BatchRun Log   Running: a.bat
-text Time: 2024-05-06 07:08:09\r\n
-step 0/2 a.bat
-text *ERROR: no\r\nC:\T>
+  EXPECT_EQ(Run(Request({u"a.bat"_s, u"b.bat"_s})), RunOutcome::Failed);
+  EXPECT_EQ(recorder_.events.sliced(5).join(u'\n'),
+            uR"(text *ERROR: no\r\nC:\T>
 ended 0 1.5 s
 caption BatchRun Log   Running: b.bat
 text Time: 2024-05-06 07:08:09\r\n
 red *ERROR: no
 error sign
 caption BatchRun Log   Finished
-outcome 1
-)");
+outcome 1)");
 }
 
 TEST_F(BatchRunTest, AnErrorWordOfTheLastStepFailsTheRun) {
   console_.plays[u"cmd /k a.bat"_s] = {{u"x\nERR: no\r\n"_s}, {}};
-  const auto outcome = [&](const QString& runMode) {
-    RunRequest request = Request({u"a.bat"_s});
-    request.RunMode = runMode;
-    return BatchRun(request, console_, recorder_, clock_).RunToEnd();
-  };
-  EXPECT_EQ(outcome(u"0"_s), RunOutcome::Failed);
-  EXPECT_EQ(outcome(u"1"_s), RunOutcome::Finished);
-  EXPECT_EQ(outcome(u""_s), RunOutcome::Finished);
+  RunRequest request = Request({u"a.bat"_s});
+  for (const auto& [mode, outcome] : {std::pair(u"0"_s, RunOutcome::Failed), std::pair(u"1"_s, RunOutcome::Finished),
+                                      std::pair(QString(), RunOutcome::Finished)}) {
+    request.RunMode = mode;
+    EXPECT_EQ(Run(request), outcome) << mode.toStdString();
+  }
 }
 
 TEST_F(BatchRunTest, AStackdumpFailsTheRunAtEachScan) {
   console_.plays[u"cmd /k a.bat"_s] = {{u"C:\\T>"_s}, {}, [] { Make(u"C:\\T\\spumux.exe.stackdump"_s); }};
-  BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
-  EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
-  EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s),
+  EXPECT_EQ(Run(Request({u"a.bat"_s, u"b.bat"_s})), RunOutcome::Failed);
+  EXPECT_EQ(Log(),
             "C:\\T>Time: 2024-05-06 07:08:09\r\nTime: 2024-05-06 07:08:09\r\n"
             "*ERROR spumux crashed (stackdump)\r\n*ERROR spumux crashed (stackdump)\r\n");
 }
 
 TEST_F(BatchRunTest, ClosingAbortsBehindTheRunningStepAndIsRefusedUntilThen) {
-  BatchRun* running = nullptr;
   std::vector<BatchRun::CloseAnswer> answers;
   console_.plays[u"cmd /k a.bat"_s] = {{u"one\r\n"_s, u"two\r\n"_s, u"C:\\T>"_s}, {}};
   RunRequest request = Request({u"a.bat"_s, u"b.bat"_s, u"c.bat"_s});
@@ -205,10 +185,9 @@ TEST_F(BatchRunTest, ClosingAbortsBehindTheRunningStepAndIsRefusedUntilThen) {
   Make(request.TVNLogFile, "before\r\n");
   BatchRun run(request, console_, recorder_, clock_);
   run.Open();
-  running = &run;
   recorder_.onPump = [&] {
-    running->Tick();
-    if (answers.size() < 2) answers.push_back(running->RequestClose());
+    run.Tick();
+    if (answers.size() < 2) answers.push_back(run.RequestClose());
   };
   run.Tick();
   EXPECT_FALSE(run.IsClosed());
@@ -218,12 +197,8 @@ TEST_F(BatchRunTest, ClosingAbortsBehindTheRunningStepAndIsRefusedUntilThen) {
   using enum BatchRun::CloseAnswer;
   EXPECT_EQ(answers, (std::vector{Aborting, Busy, MayClose}));
   EXPECT_EQ(run.Outcome(), RunOutcome::Aborted);
-  EXPECT_EQ(recorder_.Events(),
-            R"(caption BatchRun Log
-text C:\T>
-caption BatchRun Log   Running: a.bat
-text Time: 2024-05-06 07:08:09\r\n
-step 0/3 a.bat
+  EXPECT_EQ(recorder_.events.sliced(4).join(u'\n'),
+            uR"(step 0/3 a.bat
 text one\r\n
 caption BatchRun Log   Running: a.bat     Aborting...
 text two\r\n
@@ -231,9 +206,8 @@ text C:\T>
 ended 0 1.5 s
 success sign
 caption BatchRun Log   Aborted
-outcome 2
-)");
-  EXPECT_EQ(Content(request.TVNLogFile),
+outcome 2)");
+  EXPECT_EQ(Log(request.TVNLogFile),
             "before\r\n\r\n\r\nProject: P %1\r\nTime: 2024-05-06 07:08:09  BatchRun Log Aborted\r\n\r\n");
 }
 
@@ -243,7 +217,7 @@ TEST_F(BatchRunTest, ClosingBetweenTheLastStepAndTheClosingWorkDoesThatWork) {
   run.Tick();
   EXPECT_EQ(run.RequestClose(), BatchRun::CloseAnswer::MayClose);
   EXPECT_EQ(run.Outcome(), RunOutcome::Finished);
-  EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s), "C:\\T>Time: 2024-05-06 07:08:09\r\n");
+  EXPECT_EQ(Log(), "C:\\T>Time: 2024-05-06 07:08:09\r\n");
 }
 
 TEST_F(BatchRunTest, CleansUpWhateverTheOutcomeButNeverASource) {
@@ -258,8 +232,7 @@ TEST_F(BatchRunTest, CleansUpWhateverTheOutcomeButNeverASource) {
     request.AutoDelete = true;
     request.OutDir = u"C:\\T"_s;
     request.protectedFiles = {u"c:\\t\\SOURCE.mpg"_s};
-    EXPECT_EQ(BatchRun(request, console_, recorder_, clock_).RunToEnd(),
-              fails ? RunOutcome::Failed : RunOutcome::Finished);
+    EXPECT_EQ(Run(request), fails ? RunOutcome::Failed : RunOutcome::Finished);
     EXPECT_EQ(HostFiles::FileNames(u"C:\\T"_s), (QStringList{u"TorvaneAuthor.log"_s, u"source.mpg"_s}));
     EXPECT_EQ(HostFiles::DirNames(u"C:\\T"_s), QStringList{u"mine"_s});
     EXPECT_EQ(HostFiles::FileNames(u"C:\\T\\mine"_s), QStringList{u"file"_s});
@@ -272,17 +245,14 @@ TEST_F(BatchRunTest, TakesTheLogsOfMuxManAndImgBurn) {
       {u"C:\\T>"_s}, {}, [] { Make(u"C:\\O\\muxman.log"_s, "Multiplexing\r\n"); }};
   console_.plays[u"cmd /k ImgBurnRun.bat"_s] = {
       {u"one\r\n"_s, u"C:\\T>"_s}, {}, [] { Make(u"C:\\O\\ImgBurn.log"_s, "burnt\r\n"); }};
-  struct Case {
+  const QString time = u"Time: 2024-05-06 07:08:09\r\n"_s;
+  const struct {
     const char* what;
     int engine;
-    bool burn;
-    bool useImgBurn;
-    bool disc;
+    bool burn, useImgBurn, disc;
     RunOutcome outcome;
     QString log;
-  };
-  const QString time = u"Time: 2024-05-06 07:08:09\r\n"_s;
-  const Case cases[] = {
+  } cases[] = {
       {"disc and burn", 1, true, true, true, RunOutcome::Finished,
        u"C:\\T>"_s + time + u"Multiplexing\r\n"_s + time + u"one\r\nC:\\T>burnt\r\n"_s},
       {"not burnt with ImgBurn", 1, true, false, true, RunOutcome::Finished,
@@ -291,7 +261,7 @@ TEST_F(BatchRunTest, TakesTheLogsOfMuxManAndImgBurn) {
        u"C:\\T>"_s + time + u"Multiplexing\r\n\r\nMuxMan error!"_s + time},
       {"dvdauthor", 0, false, true, false, RunOutcome::Finished, u"C:\\T>"_s + time + time + u"one\r\nC:\\T>"_s},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     const QString ifo = u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s;
     HostFiles::MakeDir(u"C:\\O\\DVD\\VIDEO_TS"_s);
     HostFiles::RemoveFile(ifo);
@@ -308,12 +278,11 @@ TEST_F(BatchRunTest, TakesTheLogsOfMuxManAndImgBurn) {
 }
 
 TEST_F(BatchRunTest, AConsoleThatFailsFailsTheRunWithALine) {
-  struct Case {
+  const struct {
     QString command;
     ConsoleEnd end;
     QByteArray log;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {u"cmd.exe"_s,
        {ConsoleEnd::Kind::NotRun, 0, {0x80040192, u"ConsoleCapture"_s, u"Not launched"_s, u"/x: missing"_s}},
        "C:\\T>\r\n*ERROR Not launched (ConsoleCapture 0x80040192) for cmd.exe: /x: missing\r\n"},
@@ -322,12 +291,11 @@ TEST_F(BatchRunTest, AConsoleThatFailsFailsTheRunWithALine) {
        "C:\\T>Time: 2024-05-06 07:08:09\r\nhalf\r\n"
        "*ERROR The console running cmd /k a.bat was ended by signal 9 (Killed)\r\n"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     console_.plays.clear();
     console_.plays[c.command] = {{c.command == u"cmd.exe"_s ? u"C:\\T>"_s : u"half"_s}, c.end};
-    BatchRun run(Request({u"a.bat"_s, u"b.bat"_s}), console_, recorder_, clock_);
-    EXPECT_EQ(run.RunToEnd(), RunOutcome::Failed);
-    EXPECT_EQ(Content(u"C:\\O\\TorvaneAuthor.log"_s), c.log);
+    EXPECT_EQ(Run(Request({u"a.bat"_s, u"b.bat"_s})), RunOutcome::Failed);
+    EXPECT_EQ(Log(), c.log);
   }
   EXPECT_FALSE(console_.ran.contains(u"cmd /k b.bat in C:\\T"_s));
 }
@@ -344,13 +312,12 @@ TEST_F(BatchRunTest, ALogThatCannotBeWrittenFailsTheRunBeforeItStarts) {
 }
 
 TEST_F(BatchRunTest, NoStepsAreARunThatFinishes) {
-  BatchRun run(Request({}), console_, recorder_, clock_);
-  EXPECT_EQ(run.RunToEnd(), RunOutcome::Finished);
+  EXPECT_EQ(Run(Request({})), RunOutcome::Finished);
   EXPECT_EQ(console_.ran, QStringList{u"cmd.exe in C:\\T"_s});
 }
 
 TEST_F(BatchRunTest, TheFirstInterruptAbortsAndTheSecondEndsTheStep) {
-  ConsoleCapture console(kHelper);
+  ConsoleCapture console(QStringLiteral(TORVANE_BIN_DIR "/run_console_helper"));
   BatchRun run(Request({u"hang"_s, u"exit 3"_s}), console, recorder_, clock_);
   {
     InterruptWatch interrupts;

@@ -63,12 +63,10 @@ bool IsGone(const QString& processId) {
 }
 
 TEST(ConsoleCapture, HandsOnAllOutputAndTheEnd) {
-  struct Case {
-    QString command;
-    QString text;
+  const struct {
+    QString command, text;
     int code;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {u"cmd.exe"_s, u"Test console\r\n\r\nC:\\T>"_s, 0},
       {u"cmd /k exit 3"_s, u"three\r\nC:\\T>"_s, 3},
       {u"CMD.EXE  /k silent"_s, u""_s, 0},
@@ -84,19 +82,17 @@ TEST(ConsoleCapture, HandsOnAllOutputAndTheEnd) {
       {u"sh -c \"echo one; exit 7\""_s, u"one\n"_s, 7},
   };
   ConsoleCapture console(kHelper);
-  for (const Case& c : cases) {
+  for (const auto& [command, text, code] : cases) {
     Collector collector;
-    EXPECT_EQ(console.RunProcess(c.command, QString(), collector), Exited(c.code)) << c.command.toStdString();
-    EXPECT_EQ(collector.text, c.text) << c.command.toStdString();
+    EXPECT_EQ(console.RunProcess(command, QString(), collector), Exited(code)) << command.toStdString();
+    EXPECT_EQ(collector.text, text) << command.toStdString();
+    // Printing byte by byte does not make pieces of one byte.
+    if (command == u"cmd /k bytes") {
+      EXPECT_LE(collector.chunks, 4);
+    }
     EXPECT_EQ(console.ProcessID(), 0);
     EXPECT_EQ(console.CommandLine(), QString());
   }
-}
-
-TEST(ConsoleCapture, PrintingByteByByteDoesNotMakePiecesOfOneByte) {
-  Collector collector;
-  ConsoleCapture(kHelper).RunProcess(u"cmd /k bytes"_s, QString(), collector);
-  EXPECT_LE(collector.chunks, 4);
 }
 
 TEST(ConsoleCapture, RunsInTheGivenDirectoryWithoutInputInAGroupOfItsOwn) {
@@ -155,21 +151,15 @@ TEST(ConsoleCapture, DoesNotWaitForWhatRunsOnInTheBackground) {
 }
 
 TEST(ConsoleCapture, TerminateEndsTheWholeGroupAtTheSecondCallByForce) {
-  struct Case {
-    QString command;
-    int calls;
-    ConsoleEnd end;
-  };
-  for (const Case& c :
-       {Case{u"cmd /k hang"_s, 1, Signalled(SIGTERM)}, Case{u"cmd /k stubborn"_s, 2, Signalled(SIGKILL)}}) {
+  for (const auto& [command, calls, signal] :
+       {std::tuple(u"cmd /k hang"_s, 1, SIGTERM), std::tuple(u"cmd /k stubborn"_s, 2, SIGKILL)}) {
     ConsoleCapture console(kHelper);
     Collector collector;
-    int calls = 0;
-    collector.onPump = [&] {
-      if (collector.text.endsWith(u'\n') && calls++ < c.calls) console.Terminate();
+    collector.onPump = [&, left = calls]() mutable {
+      if (collector.text.endsWith(u'\n') && left-- > 0) console.Terminate();
     };
-    EXPECT_EQ(console.RunProcess(c.command, QString(), collector), c.end);
-    EXPECT_TRUE(IsGone(collector.text.trimmed())) << c.command.toStdString();
+    EXPECT_EQ(console.RunProcess(command, QString(), collector), Signalled(signal));
+    EXPECT_TRUE(IsGone(collector.text.trimmed())) << command.toStdString();
   }
 }
 

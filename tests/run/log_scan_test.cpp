@@ -38,13 +38,12 @@ class LogScanTest : public testing::Test {
 
 TEST_F(LogScanTest, FindsTheWordsOfTheEngineAndRunMode) {
   const QString dump = u"open_stackdumpfile: Dumping stack trace to dvdauthor.exe.stackdump"_s;
-  struct Case {
+  const struct {
     int engine;
-    const char* runModes;  ///< those in which the text is an error; e stands for ""
+    std::string runModes;  ///< those in which the text is an error; e stands for ""
     QString text;
     QString marked;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {0, "0e", u"x*ERROR y\r\n"_s, u"*ERROR y"_s},
       {1, "0e", u"x*ERROR y\r\n"_s, u"*ERROR y"_s},
       {0, "", u"*error\r\n"_s, u""_s},
@@ -70,10 +69,10 @@ TEST_F(LogScanTest, FindsTheWordsOfTheEngineAndRunMode) {
       {0, "", u"line 3: Syntax error"_s, u""_s},
       {0, "", u""_s, u""_s},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     for (const char mode : {'0', '1', 'e'}) {
       const QString runMode = mode == 'e' ? QString() : QString(QLatin1Char(mode));
-      const bool isError = std::string_view(c.runModes).find(mode) != std::string_view::npos;
+      const bool isError = c.runModes.find(mode) != std::string::npos;
       EXPECT_EQ(Found(c.engine, runMode, c.text), isError ? QStringList{c.marked} : QStringList())
           << c.engine << " " << mode << " " << c.text.toStdString();
     }

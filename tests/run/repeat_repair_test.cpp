@@ -15,12 +15,10 @@ TEST(RepairRepeatedLines, DropsWhatTheRuleDrops) {
   const QString long1 = u"INFO: frame number 00001\r"_s;
   ASSERT_EQ(line20.size(), 20);
   ASSERT_EQ(line21.size(), 21);
-  struct Case {
+  const struct {
     const char* what;
-    QString text;
-    QString repaired;
-  };
-  const Case cases[] = {
+    QString text, repaired;
+  } cases[] = {
       {"no CR", u"same\nsame\nsame\n"_s, u"same\nsame\nsame\n"_s},
       {"empty", u""_s, u""_s},
       {"first line of 20 stays", line20 + line20 + u"end"_s, line20 + line20 + u"end"_s},
@@ -38,16 +36,12 @@ TEST(RepairRepeatedLines, DropsWhatTheRuleDrops) {
       {"a last line without CR is no line", u"x\ry\ry"_s, u"x\ry\ry"_s},
       {"blank lines", u"\r\n\r\n\r\n"_s, u"\r\n\r"_s},
   };
-  for (const Case& c : cases) EXPECT_EQ(RepairRepeatedLines(c.text), c.repaired) << c.what;
+  for (const auto& c : cases) EXPECT_EQ(RepairRepeatedLines(c.text), c.repaired) << c.what;
 }
 
 TEST(RepeatRepair, ShowsARepeatedPieceOnceUnlessItIsAPrompt) {
-  struct Step {
-    QString chunk;
-    std::optional<QString> shown;
-  };
   const QString progress = u"INFO: frame number 00001\r"_s;
-  const Step steps[] = {
+  const std::pair<QString, std::optional<QString>> steps[] = {
       {u"STAT: 5%\r"_s, u"STAT: 5%\r"_s}, {u"STAT: 5%\r"_s, std::nullopt},
       {u"STAT: 6%\r"_s, u"STAT: 6%\r"_s}, {u"STAT: 5%\r"_s, u"STAT: 5%\r"_s},
       {progress + progress, progress},    {progress, std::nullopt},  // another piece, but it shows the same
@@ -56,7 +50,7 @@ TEST(RepeatRepair, ShowsARepeatedPieceOnceUnlessItIsAPrompt) {
       {u"C:\\T>"_s, u"C:\\T>"_s},
   };
   RepeatRepair repair;
-  for (const Step& step : steps) EXPECT_EQ(repair.Take(step.chunk), step.shown) << step.chunk.toStdString();
+  for (const auto& [chunk, shown] : steps) EXPECT_EQ(repair.Take(chunk), shown) << chunk.toStdString();
 }
 
 }  // namespace

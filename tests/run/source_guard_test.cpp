@@ -17,9 +17,8 @@ class SourceGuardTest : public testing::Test {
  protected:
   SourceGuardTest() {
     qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    for (const QString& folder : {u"C:\\T\\TempSub.d"_s, u"C:\\T\\TempAudioMpg"_s, u"C:\\T\\mine"_s, u"C:\\Films"_s}) {
-      HostFiles::MakeDir(folder);
-    }
+    for (const char* folder : {"T/TempSub.d", "T/TempAudioMpg", "T/mine", "Films"})
+      QDir(dir_.path()).mkpath(QLatin1StringView(folder));
   }
   ~SourceGuardTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
@@ -38,16 +37,10 @@ TEST_F(SourceGuardTest, NamesTheSourcesThatCleaningWouldDelete) {
   Link(u"T"_s, u"Way"_s);
   Link(u"T/a.mpg"_s, u"Films/link.mpg"_s);
   Link(u"Films/d.mpg"_s, u"T/d.mpg"_s);
-  const QStringList inDanger{u"C:\\T\\a.mpg"_s,
-                             u"c:\\t\\A.MPG"_s,
-                             u"C:\\Films\\..\\T\\a.mpg"_s,
-                             u"C:\\Way\\a.mpg"_s,
-                             u"C:\\T\\d.mpg"_s,
-                             u"C:\\Films\\link.mpg"_s,
-                             u"C:\\T\\tempsub.d\\b.png"_s,
-                             u"C:\\T\\missing.mpg"_s,
-                             u"C:\\Way\\TempAudioMpg\\e.mp2"_s,
-                             HostFiles::ToDos(dir_.path()) + u"\\T\\a.mpg"_s};
+  const QStringList inDanger =
+      uR"(C:\T\a.mpg|c:\t\A.MPG|C:\Films\..\T\a.mpg|C:\Way\a.mpg|C:\T\d.mpg|C:\Films\link.mpg|C:\T\tempsub.d\b.png|)"
+      uR"(C:\T\missing.mpg|C:\Way\TempAudioMpg\e.mp2)"_s.split(u'|') +
+      QStringList{HostFiles::ToDos(dir_.path()) + u"\\T\\a.mpg"_s};
   const QStringList safe{u""_s, u"C:\\Films\\d.mpg"_s, u"C:\\T\\mine\\c.mpg"_s, u"C:\\T.mpg"_s, u"C:\\T2\\a.mpg"_s};
   EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger + inDanger, u"C:\\T"_s), inDanger);
   EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger, u"C:\\FILMS\\..\\t\\"_s), inDanger);

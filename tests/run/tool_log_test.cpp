@@ -11,11 +11,14 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
+using enum ToolLog::Moment;
+
 class ToolLogTest : public testing::Test {
  protected:
   ToolLogTest() { HostFiles::MakeDir(Out(u"DVD\\VIDEO_TS"_s)); }
 
   QString Out(const QString& relative) const { return HostFiles::ToDos(dir_.path()) + u'\\' + relative; }
+  void Check(ToolLog::Moment moment) { muxMan_.CheckMuxManLogFile(moment); }
   void Append(const QString& file, const QByteArray& text) { ASSERT_TRUE(HostFiles::Append(Out(file), text)); }
 
   QTemporaryDir dir_;
@@ -30,20 +33,16 @@ class ToolLogTest : public testing::Test {
 };
 
 TEST_F(ToolLogTest, TakesWhatTheLogGainedEachTime) {
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Running);
+  Check(Running);
   EXPECT_EQ(transcript_.Shown(), QString());
   Append(u"muxman.log"_s, "first\r\n");
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Running);
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Running);
-  Append(u"muxman.log"_s,
-         "C:\\Gr\xF6\xDF"
-         "e\r\n");
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Running);
-  Append(u"muxman.log"_s,
-         "C:\\Gr\xC3\xB6\xC3\x9F"
-         "e\r\n");
+  Check(Running);
+  Check(Running);
+  Append(u"muxman.log"_s, u"C:\\Größe\r\n"_s.toLatin1());
+  Check(Running);
+  Append(u"muxman.log"_s, u"C:\\Größe\r\n"_s.toUtf8());
   Append(u"DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s, "x");
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Final);
+  Check(Final);
   EXPECT_EQ(transcript_.Shown(), u"first\r\nC:\\Größe\r\nC:\\Größe\r\n"_s);
   EXPECT_EQ(transcript_.ConsoleText(), transcript_.Shown());
   EXPECT_EQ(pauses_, 0);
@@ -54,20 +53,20 @@ TEST_F(ToolLogTest, WaitsForTheLogAtTheEnd) {
     if (pauses_ == 3) Append(u"muxman.log"_s, "late");
   };
   Append(u"DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s, "x");
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Final);
+  Check(Final);
   EXPECT_EQ(transcript_.Shown(), u"late"_s);
   EXPECT_EQ(pauses_, 3);
 }
 
 TEST_F(ToolLogTest, AMissingLogIsNoFailureButAMissingDiscIs) {
   Append(u"DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s, "x");
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Final);
+  Check(Final);
   EXPECT_EQ(pauses_, 19);
   EXPECT_EQ(transcript_.Shown(), QString());
 
   HostFiles::RemoveFile(Out(u"DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
   Append(u"muxman.log"_s, "fine");
-  muxMan_.CheckMuxManLogFile(ToolLog::Moment::Final);
+  Check(Final);
   EXPECT_EQ(transcript_.Shown(), u"fine\r\n\rERR: MuxMan error!\r\n"_s);
   EXPECT_EQ(transcript_.ConsoleText(), u"fine\r\nMuxMan error!"_s);
 }
@@ -75,11 +74,11 @@ TEST_F(ToolLogTest, AMissingLogIsNoFailureButAMissingDiscIs) {
 TEST_F(ToolLogTest, ImgBurnLeavesNoDiscAndALogThatShrinksGivesNothing) {
   ToolLog imgBurn(ToolLog::Tool::ImgBurn, HostFiles::ToDos(dir_.path()), transcript_, [](int) {});
   Append(u"ImgBurn.log"_s, "old text");
-  imgBurn.CheckMuxManLogFile(ToolLog::Moment::Running);
+  imgBurn.CheckMuxManLogFile(Running);
   ASSERT_TRUE(HostFiles::WriteAtomically(Out(u"ImgBurn.log"_s), "new"));
-  imgBurn.CheckMuxManLogFile(ToolLog::Moment::Running);
+  imgBurn.CheckMuxManLogFile(Running);
   Append(u"ImgBurn.log"_s, "er");
-  imgBurn.CheckMuxManLogFile(ToolLog::Moment::Final);
+  imgBurn.CheckMuxManLogFile(Final);
   EXPECT_EQ(transcript_.Shown(), u"old texter"_s);
 }
 

@@ -11,8 +11,11 @@
 #include <string>
 
 #include "platform/host_files.h"
+#include "support/text_lines.h"
 
 namespace torvane::test {
+
+using namespace Qt::Literals::StringLiterals;
 
 /// What a run of the console printed, on one stream as the batch runner sees it, and its exit code.
 struct ConsoleRun {
@@ -20,26 +23,36 @@ struct ConsoleRun {
   int exitCode = -1;
 };
 
+inline bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
 /// A drive C in a temporary folder, which is also the current directory of the console.
 class ConsoleTest : public testing::Test {
  protected:
-  ConsoleTest() {
-    QDir(dir_.path()).mkpath(QStringLiteral("drive/T"));
-    QDir(dir_.path()).mkpath(QStringLiteral("tmp"));
-    environment_ = QProcessEnvironment::systemEnvironment();
-    environment_.insert(QStringLiteral("TORVANE_DRIVE_C"), Drive());
-    environment_.insert(QStringLiteral("TMPDIR"), dir_.filePath(QStringLiteral("tmp")));
+  ConsoleTest() : environment_(QProcessEnvironment::systemEnvironment()) {
+    QDir(dir_.path()).mkpath(u"drive/T"_s);
+    QDir(dir_.path()).mkpath(u"tmp"_s);
+    environment_.insert(u"TORVANE_DRIVE_C"_s, Drive());
+    environment_.insert(u"TMPDIR"_s, dir_.filePath(u"tmp"_s));
   }
 
-  QString Drive() const { return dir_.filePath(QStringLiteral("drive")); }
-  QString Host(const QString& name) const { return Drive() + QStringLiteral("/T/") + name; }
+  /// A file of the folder "data" beside this test, with the line ends of DOS.
+  static QString Data(const QString& name) {
+    QFile file(u"" TORVANE_TEST_DATA "/data/"_s + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return QString::fromUtf8(WithCrLf(file.readAll()));
+  }
+
+  QString Drive() const { return dir_.filePath(u"drive"_s); }
+  QString Host(const QString& name) const { return Drive() + u"/T/"_s + name; }
 
   /// Files of the directory C:\T, sorted.
   QStringList Files() const { return QDir(Host({})).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
 
   /// What private copies were left behind.
   QStringList Leftovers() const {
-    return QDir(dir_.filePath(QStringLiteral("tmp"))).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    return QDir(dir_.filePath(u"tmp"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
   }
 
   void Write(const QString& name, const QByteArray& bytes) const {
@@ -75,8 +88,8 @@ class ConsoleTest : public testing::Test {
 
   /// Runs lines as the batch "x.bat", with echo off.
   std::string RunBatch(const QByteArray& lines, const QStringList& arguments = {}) const {
-    Write(QStringLiteral("x.bat"), "@echo off\r\n" + lines);
-    return Run(QStringList{QStringLiteral("/c"), QStringLiteral("x.bat")} + arguments).output;
+    Write(u"x.bat"_s, "@echo off\r\n" + lines);
+    return Run(QStringList{u"/c"_s, u"x.bat"_s} + arguments).output;
   }
 
   /// The test program as a batch names it.

@@ -91,14 +91,14 @@ TEST_F(InsnavTest, MakesATitleThatCanBeSearchedOfOnePictureAndItsSound) {
         u"\"C:\\Tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\t.mpg\" \"C:\\T\\v.m2v\" \"C:\\T\\%1\"\r\n"
         "\"C:\\Tools\\insnav.exe\" -o \"C:\\T\\m.mpg\" \"C:\\T\\t.mpg\"\r\n"_s.arg(file)
             .toUtf8());
-    ASSERT_NE(printed.find("navigation packs added"), std::string::npos) << printed;
+    ASSERT_TRUE(Contains(printed, "navigation packs added")) << printed;
     ExpectSoundStream(Packs(u"t.mpg"_s), Packs(u"m.mpg"_s));
 
     QDir(Host(u"DVD"_s)).removeRecursively();
     const std::string authored =
         Author("<vmgm/><titleset><titles><pgc><vob file=\"C:\\T\\m.mpg\"/></pgc></titles></titleset>");
-    EXPECT_EQ(authored.find("WARN"), std::string::npos) << authored;
-    EXPECT_EQ(authored.find("ERR"), std::string::npos) << authored;
+    EXPECT_FALSE(Contains(authored, "WARN")) << authored;
+    EXPECT_FALSE(Contains(authored, "ERR")) << authored;
     const std::vector<Unit> units = Units(u"DVD/VIDEO_TS/VTS_01_1.VOB"_s);
     ASSERT_GT(units.size(), 30U);
     for (size_t i = 0; i < units.size(); ++i) {
@@ -144,7 +144,7 @@ TEST_F(InsnavTest, TheSoundOfAWavFileComesOutByteForByte) {
   MakeStill("p");
   const QByteArray line = "\"C:\\Tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\t.mpg\" \"C:\\T\\v.m2v\" \"C:\\T\\a.WAV\"\r\n";
   const std::string printed = RunBatch(line + "\"C:\\Tools\\insnav.exe\" -o \"C:\\T\\m.mpg\" \"C:\\T\\t.mpg\"\r\n");
-  EXPECT_NE(printed.find("no under-runs"), std::string::npos) << printed;
+  EXPECT_TRUE(Contains(printed, "no under-runs")) << printed;
   Author("<vmgm/><titleset><titles><pgc><vob file=\"C:\\T\\m.mpg\"/></pgc></titles></titleset>");
   EXPECT_GE(Units(u"DVD/VIDEO_TS/VTS_01_1.VOB"_s).size(), 10U);
   Ffmpeg(u"-i DVD/VIDEO_TS/VTS_01_1.VOB -map 0:a -f s16be found"_s);
@@ -182,7 +182,7 @@ TEST_F(InsnavTest, KeepsTheUnitsOfAFilmAndOfAMenuWithButtons) {
       "<vmgm><menus><video format=\"pal\"/><pgc><vob file=\"C:\\T\\menu.mpg\" pause=\"inf\"/><button name=\"b\">"
       "jump title 1;</button></pgc></menus></vmgm>"
       "<titleset><titles><pgc><vob file=\"C:\\T\\film.mpg\"/></pgc></titles></titleset>");
-  EXPECT_EQ(printed.find("ERR"), std::string::npos) << printed;
+  EXPECT_FALSE(Contains(printed, "ERR")) << printed;
   const std::vector<Unit> units = Units(u"DVD/VIDEO_TS/VIDEO_TS.VOB"_s);
   EXPECT_EQ(units.size(), Units(u"m.mpg"_s).size());
   EXPECT_GE(units.size(), 10U);

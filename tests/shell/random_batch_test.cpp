@@ -12,72 +12,14 @@ namespace {
 
 using RandomBatch = ConsoleTest;
 
-const char* const kPieces[] = {"echo ",
-                               "echo.",
-                               "set A=",
-                               "%A%",
-                               "%",
-                               "%%",
-                               "%1",
-                               "%~dp0",
-                               "%*",
-                               "if ",
-                               "not ",
-                               "exist ",
-                               "errorlevel 1 ",
-                               "goto l1",
-                               "goto :eof",
-                               "call :l1 ",
-                               "call x.bat ",
-                               "exit /b ",
-                               "exit ",
-                               "rem ",
-                               ":l1\r\n",
-                               "\r\n",
-                               "\r\n",
-                               " ",
-                               "\"",
-                               "^",
-                               "&",
-                               "&&",
-                               "|",
-                               "||",
-                               "<",
-                               ">",
-                               ">>",
-                               "2>",
-                               "2>&1",
-                               "1>&",
-                               "nul",
-                               "a.txt",
-                               "a==a ",
-                               "type ",
-                               "erase ",
-                               "copy ",
-                               "mkdir ",
-                               "rmdir ",
-                               "attrib ",
-                               "cd ",
-                               "ver",
-                               "*.*",
-                               "?",
-                               "\\",
-                               "..\\",
-                               "/q ",
-                               "C:\\T\\",
-                               "@",
-                               "(",
-                               ")",
-                               ",",
-                               ";",
-                               "=",
-                               "\x84",
-                               "\xE1",
-                               "\xFF",
-                               "\t",
-                               "\n",
-                               "dvdauthor ",
-                               "-x "};
+/// Each piece ends with a back quote.
+const QList<QByteArray> kPieces =
+    QByteArray(
+        "echo `echo.`set A=`%A%`%`%%`%1`%~dp0`%*`if `not `exist `errorlevel 1 `goto l1`goto :eof`call :l1 `"
+        "call x.bat `exit /b `exit `rem `:l1\r\n`\r\n`\r\n` `\"`^`&`&&`|`||`<`>`>>`2>`2>&1`1>&`nul`a.txt`"
+        "a==a `type `erase `copy `mkdir `rmdir `attrib `cd `ver`*.*`?`\\`..\\`/q `C:\\T\\`@`(`)`,`;`=`\x84`"
+        "\xE1`\xFF`\t`\n`dvdauthor `-x ")
+        .split('`');
 
 TEST_F(RandomBatch, NeitherCrashesNorHangs) {
   environment_.insert(u"PATH"_s, u"/nonexistent"_s);
@@ -87,7 +29,7 @@ TEST_F(RandomBatch, NeitherCrashesNorHangs) {
   for (unsigned seed = 1; seed <= 150; ++seed) {
     std::mt19937 random(seed);
     QByteArray batch = seed % 2 ? "@echo off\r\n" : "";
-    for (int i = 0; i < 60; ++i) batch += kPieces[random() % std::size(kPieces)];
+    for (int i = 0; i < 60; ++i) batch += kPieces[qsizetype(random() % size_t(kPieces.size()))];
     // A jump back may loop for ever, as it does on Windows: each label ends the batch when it is reached too often.
     batch.replace(":l1\r\n", ":l1\r\nset N=%N%x\r\nif %N%==xxxx exit\r\n");
     QDir(Host({})).removeRecursively();
@@ -118,22 +60,20 @@ TEST(RandomText, IsReadWithoutHarm) {
 }
 
 TEST(DosWildcard, MatchesAsDosDoes) {
-  const auto all = [](const QStringList& names, const QString& pattern) {
-    QStringList matching;
-    for (const QString& name : names) {
-      if (MatchesWildcard(name, pattern)) matching << name;
-    }
-    return matching.join(u' ');
-  };
   const QStringList names{u"a"_s, u"A.mpg"_s, u"ab.MPG"_s, u"a.b.mpg"_s, u".mpg"_s, u"Ä.m2v"_s};
-  EXPECT_EQ(all(names, u"*.*"_s), names.join(u' '));
-  EXPECT_EQ(all(names, u"*"_s), names.join(u' '));
-  EXPECT_EQ(all(names, u"*.mpg"_s), u"A.mpg ab.MPG a.b.mpg .mpg"_s);
-  EXPECT_EQ(all(names, u"a?.mpg"_s), u"A.mpg ab.MPG"_s);
-  EXPECT_EQ(all(names, u"a.*"_s), u"a A.mpg a.b.mpg"_s);
-  EXPECT_EQ(all(names, u"*."_s), u"a"_s);
-  EXPECT_EQ(all(names, u"ä.m?v"_s), u"Ä.m2v"_s);
-  EXPECT_EQ(all(names, u"?"_s), u"a"_s);
+  const std::pair<QString, QString> cases[] = {{u"*.*"_s, names.join(u' ')},
+                                               {u"*"_s, names.join(u' ')},
+                                               {u"*.mpg"_s, u"A.mpg ab.MPG a.b.mpg .mpg"_s},
+                                               {u"a?.mpg"_s, u"A.mpg ab.MPG"_s},
+                                               {u"a.*"_s, u"a A.mpg a.b.mpg"_s},
+                                               {u"*."_s, u"a"_s},
+                                               {u"ä.m?v"_s, u"Ä.m2v"_s},
+                                               {u"?"_s, u"a"_s}};
+  for (const auto& [pattern, expected] : cases) {
+    QStringList matching = names;
+    matching.removeIf([&](const QString& name) { return !MatchesWildcard(name, pattern); });
+    EXPECT_EQ(matching.join(u' '), expected) << pattern.toStdString();
+  }
 }
 
 }  // namespace

@@ -4,8 +4,20 @@
 #include <QStandardPaths>
 
 #include "console_fixture.h"
+#include "media/palette.h"
+#include "media/palette_file.h"
 
 namespace torvane::test {
+
+/// Sixteen colours that come back from RGB as they were.
+inline QList<int> StableColors() {
+  QList<int> colors;
+  for (int step = 0; colors.size() < kPaletteSize; ++step) {
+    const int color = RgbToPalette(250 - step * 4, 10 + step * 5, step * step % 256);
+    if (IsStablePaletteColor(color)) colors << color;
+  }
+  return colors;
+}
 
 /// A console with the tools of this machine, and small media that they make.
 class RealMediaTest : public ConsoleTest {
@@ -22,7 +34,7 @@ class RealMediaTest : public ConsoleTest {
   }
 
   void Ffmpeg(const QString& arguments) const {
-    Make(QStringLiteral("ffmpeg"), QStringLiteral("-v error -y %1").arg(arguments).split(QChar(u' ')));
+    Make(u"ffmpeg"_s, u"-v error -y %1"_s.arg(arguments).split(QChar(u' ')));
   }
 
   /// A still picture of one colour as an elementary stream "v.m2v", in the lines of a generated batch.
@@ -30,7 +42,7 @@ class RealMediaTest : public ConsoleTest {
     const bool pal = norm[0] == 'p';
     QImage picture(720, pal ? 576 : 480, QImage::Format_RGB32);
     picture.fill(Qt::darkGreen);
-    picture.save(Host(QStringLiteral("v.png")));
+    picture.save(Host(u"v.png"_s));
     return RunBatch(QStringLiteral("\"C:\\Tools\\png2yuv.exe\" -n 1 -I p -L 0 -f %1 -j \"C:\\T\\v.png\" | "
                                    "\"C:\\Tools\\mpeg2enc.exe\" -f 8 -q 1 -b 5000 -a 2 -n %2 -o \"C:\\T\\v.m2v\"\r\n")
                         .arg(QLatin1StringView(pal ? "25" : "29.97"), QLatin1StringView(norm))

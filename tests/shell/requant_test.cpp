@@ -56,7 +56,7 @@ TEST_F(RequantTest, MeetsTheSizeAndKeepsWhatDvdAsksFor) {
     SCOPED_TRACE(c.factor);
     MakeVideo(c.pal, c.aspect, c.topFirst, 4);
     const std::string printed = RunBatch(Line(c.factor));
-    EXPECT_EQ(printed.find("ERR"), std::string::npos) << printed;
+    EXPECT_FALSE(Contains(printed, "ERR")) << printed;
     const QByteArray before = Read(u"a.m2v"_s);
     const QByteArray after = Read(u"Film 1_req.mpv"_s);
     EXPECT_NEAR(double(before.size()) / double(after.size()), c.factor, 0.05 * c.factor);
@@ -76,7 +76,7 @@ TEST_F(RequantTest, MeetsTheSizeAndKeepsWhatDvdAsksFor) {
     EXPECT_LE(*std::max_element(groups.pictures.begin(), groups.pictures.end()), c.pal ? 15 : 18);
 
     const std::string muxed = RunBatch("mplex -M -f 8 -o \"C:\\T\\Film 1.mpg\" \"C:\\T\\Film 1_req.mpv\"\r\n");
-    EXPECT_NE(muxed.find("no under-runs detected"), std::string::npos) << muxed;
+    EXPECT_TRUE(Contains(muxed, "no under-runs detected")) << muxed;
     EXPECT_EQ(Files().filter(u".part"_s), QStringList());
   }
   RunBatch(Line(1));

@@ -1,7 +1,5 @@
 #include "shell/sup2png.h"
 
-#include "media/palette.h"
-#include "media/palette_file.h"
 #include "real_media.h"
 #include "shell/mpeg_pack.h"
 #include "support/mutation_run.h"
@@ -22,15 +20,6 @@ Subpicture Pattern() {
   }
   picture.end = 1024 * 88;  // 1.001 s
   return picture;
-}
-
-QByteArray TestPalette() {
-  QList<int> colors;
-  for (int step = 0; colors.size() < kPaletteSize; ++step) {
-    const int color = RgbToPalette(250 - step * 4, 10 + step * 5, step * step % 256);
-    if (IsStablePaletteColor(color)) colors << color;
-  }
-  return PaletteFileText(PaletteList(colors));
 }
 
 class Sup2PngTest : public RealMediaTest {
@@ -90,7 +79,8 @@ TEST_F(Sup2PngTest, BringsSubtitlesIntoAFilmAndItsTitleWithTheirColours) {
   Write(u"Film's subtitles.sup"_s, SupWriter::Record(90000, SupWriter::Unit(pattern)) +
                                        SupWriter::Record(90000 * 5, SupWriter::Unit(forced)) +
                                        SupWriter::Record(90000 * 6, QByteArray::fromHex("000a00040010000402ff")));
-  Write(u"F.pal"_s, TestPalette());
+  const QList<int> colors = StableColors();
+  Write(u"F.pal"_s, PaletteFileText(PaletteList(colors)));
   // The lines of a generated batch.
   const std::string printed = RunBatch(
       "erase \"C:\\T\\TempSub.d\\*.*\" /Q\r\nrmdir \"C:\\T\\TempSub.d\"\r\nerase \"C:\\T\\TempSub.sup\"\r\n"
@@ -108,17 +98,15 @@ TEST_F(Sup2PngTest, BringsSubtitlesIntoAFilmAndItsTitleWithTheirColours) {
           picture + "2.png\" xoffset=\"101\" yoffset=\"401\" force=\"yes\"/>\r\n  </stream>\r\n</subpictures>\r\n");
   const QImage image(folder + u"/sub00001.png"_s);
   ASSERT_EQ(image.size(), pattern.area.size());
-  const QByteArray palette = TestPalette();
   for (int i = 0; i < pattern.pixels.size(); ++i) {
     const int value = pattern.pixels[i];
-    const QByteArray packed = QByteArray::fromHex(palette.mid(value * 8, 6)) + '\0';
-    const int rgb = PaletteToRgb(int(qFromLittleEndian<quint32>(packed.constData())));
+    const int rgb = PaletteToRgb(colors[value]);
     const QRgb expected = qRgba(rgb & 255, rgb >> 8 & 255, rgb >> 16, pattern.contrast[size_t(value)] * 17);
     ASSERT_EQ(image.pixel(i % 351, i / 351), expected) << i;
   }
 
   // In the film: the same pictures at the same places and times.
-  EXPECT_NE(printed.find("2 subtitles added"), std::string::npos) << printed;
+  EXPECT_TRUE(Contains(printed, "2 subtitles added")) << printed;
   const auto units = UnitsOf(u"F_SUB1.mpg"_s);
   ASSERT_EQ(units.size(), 2U);
   EXPECT_EQ(units[1].first - units[0].first, 90000 * 4);
@@ -142,7 +130,7 @@ TEST_F(Sup2PngTest, BringsSubtitlesIntoAFilmAndItsTitleWithTheirColours) {
         "<dvdauthor dest=\"C:\\T\\DVD\"><vmgm/><titleset><titles><subpicture/><pgc palette=\"C:\\T\\F.pal\">"
         "<vob file=\"C:\\T\\F_SUB1.mpg\"/></pgc></titles></titleset></dvdauthor>");
   const std::string authored = RunBatch("dvdauthor -x C:\\T\\Author.xml\r\n");
-  EXPECT_EQ(authored.find("ERR"), std::string::npos) << authored;
+  EXPECT_FALSE(Contains(authored, "ERR")) << authored;
   const auto title = UnitsOf(u"DVD/VIDEO_TS/VTS_01_1.VOB"_s);
   ASSERT_EQ(title.size(), 2U);
   const Subpicture& shown = title[0].second;

@@ -1,8 +1,6 @@
 #include <QtEndian>
 #include <vector>
 
-#include "media/palette.h"
-#include "media/palette_file.h"
 #include "real_media.h"
 #include "shell/font_name.h"
 
@@ -13,17 +11,6 @@ namespace {
 
 class TextSubtitleTest : public RealMediaTest {
  protected:
-  void WriteControl(const QString& name, const QByteArray& file, const QByteArray& charset) const {
-    Write(name, "<subpictures>\r\n   <stream>\r\n     <textsub filename=\"C:\\T\\" + file +
-                    "\"\r\n        characterset=\"" + charset +
-                    "\"\r\n        fontsize=\"28.0\"\r\n        font=\"arial.ttf\"\r\n"
-                    "        horizontal-alignment=\"center\"\r\n        vertical-alignment=\"bottom\"\r\n"
-                    "        left-margin=\"60\"\r\n        right-margin=\"60\"\r\n        top-margin=\"30\"\r\n"
-                    "        bottom-margin=\"30\"\r\n        movie-fps=\"25\"\r\n        subtitle-fps=\"25\"\r\n"
-                    "        movie-width=\"720\"\r\n        movie-height=\"576\"\r\n     />\r\n   </stream>\r\n"
-                    "</subpictures>\r\n");
-  }
-
   /// A black film with two streams of the same words, in ISO-8859-1 and in UTF-8.
   std::string MakeFilm() const {
     Ffmpeg(u"-f lavfi -i color=black:s=720x576:r=25:d=5 -c:v mpeg2video -b:v 2000k -g 12 -f mpeg2video v.m2v"_s);
@@ -32,8 +19,11 @@ class TextSubtitleTest : public RealMediaTest {
         "2\r\n00:00:03,000 --> 00:00:04,000\r\nEnde\r\n"_s;
     Write(u"latin.srt"_s, words.toLatin1());
     Write(u"utf8.srt"_s, words.toUtf8());
-    WriteControl(u"Spu1Sub1.xml"_s, "latin.srt", "ISO-8859-1");
-    WriteControl(u"Spu2Sub1.xml"_s, "utf8.srt", "UTF-8");
+    const auto control = [](const QString& file, const QString& charset) {
+      return Data(u"TextSub.xml"_s).replace(u"{file}"_s, file).replace(u"{charset}"_s, charset).toUtf8();
+    };
+    Write(u"Spu1Sub1.xml"_s, control(u"latin.srt"_s, u"ISO-8859-1"_s));
+    Write(u"Spu2Sub1.xml"_s, control(u"utf8.srt"_s, u"UTF-8"_s));
     return RunBatch(
         "\"C:\\Tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\F.mpg\" \"C:\\T\\v.m2v\"\r\n"
         "\"C:\\Tools\\spumux.exe\" -ma -w -s0 \"C:\\T\\Spu1Sub1.xml\" <\"C:\\T\\F.mpg\" > \"C:\\T\\F_SUB1.mpg\" \r\n"
@@ -58,11 +48,10 @@ class TextSubtitleTest : public RealMediaTest {
 
 TEST_F(TextSubtitleTest, ShowsTheSameWordsFromBothCharacterSetsAtTheirTimes) {
   const std::string printed = MakeFilm();
-  EXPECT_EQ(printed.find("ERR"), std::string::npos) << printed;
-  EXPECT_NE(printed.find("LiberationSans-Regular.ttf"), std::string::npos) << printed;
-  EXPECT_EQ(Lit(0, "0.5"), QRect());
-  EXPECT_EQ(Lit(0, "2.5"), QRect());
-  EXPECT_EQ(Lit(0, "4.5"), QRect());
+  EXPECT_FALSE(Contains(printed, "ERR")) << printed;
+  EXPECT_TRUE(Contains(printed, "INFO: default video format is PAL")) << printed;
+  EXPECT_TRUE(Contains(printed, "LiberationSans-Regular.ttf")) << printed;
+  for (const char* seconds : {"0.5", "2.5", "4.5"}) EXPECT_EQ(Lit(0, seconds), QRect()) << seconds;
   const QRect latin = Lit(0, "1.5");
   EXPECT_TRUE(QRect(120, 450, 480, 100).contains(latin) && latin.width() > 150)
       << latin.x() << ' ' << latin.y() << ' ' << latin.width();
@@ -72,18 +61,14 @@ TEST_F(TextSubtitleTest, ShowsTheSameWordsFromBothCharacterSetsAtTheirTimes) {
 }
 
 TEST_F(TextSubtitleTest, TakesTheColoursOfTheTitlesPalette) {
-  QList<int> colors;
-  for (int step = 0; colors.size() < kPaletteSize; ++step) {
-    const int color = RgbToPalette(10 + step * 5, 240 - step * 4, step * step % 256);
-    if (IsStablePaletteColor(color)) colors << color;
-  }
+  const QList<int> colors = StableColors();
   Write(u"F.pal"_s, PaletteFileText(PaletteList(colors)));
   MakeFilm();
   Write(u"Author.xml"_s,
         "<dvdauthor dest=\"C:\\T\\DVD\"><vmgm/><titleset><titles><subpicture/><pgc palette=\"C:\\T\\F.pal\">"
         "<vob file=\"C:\\T\\F_SUB2.mpg\"/></pgc></titles></titleset></dvdauthor>");
   const std::string printed = RunBatch("dvdauthor -x C:\\T\\Author.xml\r\n");
-  EXPECT_EQ(printed.find("ERR"), std::string::npos) << printed;
+  EXPECT_FALSE(Contains(printed, "ERR")) << printed;
 
   // The palette of the title is the file's, and the letters' commands name its second and third colour.
   const QByteArray ifo = Read(u"DVD/VIDEO_TS/VTS_01_0.IFO"_s);
@@ -98,17 +83,16 @@ TEST_F(TextSubtitleTest, TakesTheColoursOfTheTitlesPalette) {
   EXPECT_NE(vob.indexOf(QByteArray::fromHex("03121104")), -1);
 
   Write(u"F.pal"_s, "no palette\r\n");
-  const std::string refused = MakeFilm();
-  EXPECT_NE(refused.find("*ERROR: " + Host(u"F.pal"_s).toStdString() + ": no palette of 16 colours"),
-            std::string::npos);
+  EXPECT_TRUE(Contains(MakeFilm(), "*ERROR: " + Host(u"F.pal"_s).toStdString() + ": no palette of 16 colours"));
   EXPECT_FALSE(QFile::exists(Host(u"F_SUB1.mpg"_s)));
 }
 
 TEST_F(TextSubtitleTest, FindsFontsByTheNamesOfTheirFiles) {
   qputenv("TORVANE_DRIVE_C", Drive().toUtf8());
+  const QString liberation = u"/usr/share/fonts/truetype/liberation/Liberation"_s;
+  const QString fancy = Drive() + u"/Windows/Fonts/Fancy.TTF"_s;
   QDir().mkpath(Drive() + u"/Windows/Fonts"_s);
-  QFile::copy(u"/usr/share/fonts/truetype/liberation/LiberationMono-Regular.ttf"_s,
-              Drive() + u"/Windows/Fonts/Fancy.TTF"_s);
+  QFile::copy(liberation + u"Mono-Regular.ttf", fancy);
   const std::vector<std::pair<QString, QString>> names{
       {u"arial.ttf"_s, u"Arial"_s},
       {u"ARIALBD.TTF"_s, u"Arial:bold"_s},
@@ -117,9 +101,9 @@ TEST_F(TextSubtitleTest, FindsFontsByTheNamesOfTheirFiles) {
       {u"couri.ttf"_s, u"Courier New:italic"_s},
       {u"nonesuch.ttf"_s, u"nonesuch"_s},
       {u"DejaVu Sans"_s, u"DejaVu Sans"_s},
-      {u"liberationserif-bold.ttf"_s, u"/usr/share/fonts/truetype/liberation/LiberationSerif-Bold.ttf"_s},
-      {u"fancy.ttf"_s, Drive() + u"/Windows/Fonts/Fancy.TTF"_s},
-      {u"C:\\windows\\fonts\\fancy.ttf"_s, Drive() + u"/Windows/Fonts/Fancy.TTF"_s},
+      {u"liberationserif-bold.ttf"_s, liberation + u"Serif-Bold.ttf"},
+      {u"fancy.ttf"_s, fancy},
+      {u"C:\\windows\\fonts\\fancy.ttf"_s, fancy},
       {u"C:\\gone\\arial.ttf"_s, u"Arial"_s},
   };
   for (const auto& [name, native] : names) EXPECT_EQ(NativeFontName(name), native);

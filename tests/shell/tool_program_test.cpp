@@ -24,8 +24,8 @@ TEST(ToolProgram, TheCheckAtStartKnowsWhatABatchWillFind) {
   };
   const auto found = [] {
     QStringList names;
-    for (const QString& name : {u"dvdauthor.exe"_s, u"mkisofs.exe"_s, u"insnav.exe"_s, u"muxman.exe"_s, u"DGIndex.exe"_s,
-                                u"DGDecode.dll"_s, u"viewer.exe"_s}) {
+    for (const QString& name : {u"dvdauthor.exe"_s, u"mkisofs.exe"_s, u"insnav.exe"_s, u"muxman.exe"_s,
+                                u"DGIndex.exe"_s, u"DGDecode.dll"_s, u"viewer.exe"_s}) {
       if (HasTool(u"C:\\"_s + name)) names << name;
     }
     return names.join(u' ');
