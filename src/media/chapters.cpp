@@ -1,6 +1,7 @@
 #include "media/chapters.h"
 
 #include <QRegularExpression>
+#include <QStringDecoder>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -142,7 +143,10 @@ Result<QString> LoadChapterList(const QString& path, float fps, Prompter& prompt
 
 QString ParseChapterList(const QByteArray& content, float fps, Prompter& prompter) {
   QStringList kept;
-  for (const QString& line : Lines(QString::fromLatin1(content))) {
+  // Editors that put a byte order mark in front must not cost the first chapter.
+  const auto marked = QStringConverter::encodingForData(content);
+  const QString text = QStringDecoder(marked.value_or(QStringConverter::Latin1))(content);
+  for (const QString& line : Lines(text)) {
     if (line.contains(u':') || HasOnly(line, u"0123456789,")) kept << line;
   }
   ChapterFraction fraction = ChapterFraction::Unknown;

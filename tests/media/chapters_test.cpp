@@ -110,6 +110,14 @@ TEST(ChapterList, IsReadFromTheEditorsFile) {
   const Result<QString> chapters = LoadChapterList(file, 25, prompter);
   ASSERT_TRUE(chapters);
   EXPECT_EQ(*chapters, u"00:00:00.000,00:00:10.000"_s);
+
+  for (const QByteArray& marked : {QByteArray("\xEF\xBB\xBF"
+                                              "1:30\n2:00"),
+                                   QByteArray("\xFF\xFE"
+                                              "1\0:\0003\0000\0,\0002\0:\0000\0000\0",
+                                              20)}) {
+    EXPECT_EQ(ParseChapterList(marked, 25, prompter), u"00:00:00.000,00:01:30,00:02:00"_s);
+  }
 }
 
 }  // namespace
