@@ -39,13 +39,6 @@ class AuthorXmlTitlesetsTest : public testing::Test, public test::EditBench {
   }
 
   QByteArray Text(AuthorMode mode = AuthorMode::Run) const { return WriteAuthorXmlTitlesets(project, mode); }
-
-  /// The file from the first line that holds `from` on, up to the first that holds `to` behind it.
-  QByteArray Part(const QByteArray& from, const QByteArray& to) const {
-    const QByteArray text = Text();
-    const qsizetype start = text.lastIndexOf('\n', text.indexOf(from)) + 1;
-    return text.mid(start, text.indexOf('\n', text.indexOf(to, start)) + 1 - start);
-  }
 };
 
 TEST_F(AuthorXmlTitlesetsTest, TwoFilmsWithASubmenu) {
@@ -89,21 +82,7 @@ TEST_F(AuthorXmlTitlesetsTest, AnAudioTitlesetOfOneTitleHasAFileForEachTrack) {
   AddTracks(10);
   project.Tree.SetTag(u"FPAL1"_s, u"1"_s);
   AddNode(project, u"FP1"_s, u"FPPreAct1|Pre Action=g5=1;"_s);
-  const QByteArray titles = Part("<titles>", "</titles>");
-  EXPECT_TRUE(titles.startsWith(WithCrLf(R"(    <titles>
-      <pgc>
-      <pre>
-            g5=1;
-      </pre>
-        <vob file="C:\T\TempAudioMpg\FPA1#01.mpg"/>
-        <vob file="C:\T\TempAudioMpg\FPA1#02.mpg"/>
-)"))) << titles.toStdString();
-  EXPECT_TRUE(titles.endsWith(WithCrLf(R"(
-        <vob file="C:\T\TempAudioMpg\FPA1#10.mpg"/>
-        <post>call vmgm menu 1;</post>
-      </pgc>
-    </titles>
-)"))) << titles.toStdString();
+  ExpectGolden(Text(), u"titlesets_one_title.xml"_s);
 }
 
 TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPreOfARootMenu) {
@@ -214,30 +193,14 @@ TEST_F(AuthorXmlTitlesetsTest, TheSyntaxCheckNamesTestFilesInTheRootMenus) {
   project.Settings.UseIntro = true;
   project.Settings.IntroMovie = u"C:\\v\\intro.mpg"_s;
   ASSERT_TRUE(AddMenu(context, {}, {.menu = u"TS1"_s}));
-  EXPECT_EQ(LinesWith(Text(AuthorMode::SyntaxCheck), ".mpg"),
-            (QList<QByteArray>{
-                "<vob file=\"C:\\T\\MMtest.mpg\" pause=\"inf\"/>", "<vob file=\"C:\\T\\TS1test.mpg\" pause=\"inf\"/>",
-                "<vob file=\"C:\\T\\SM1Menu.mpg\" pause=\"inf\"/>",
-                "<vob file=\"C:\\T\\Film1.mpg\" chapters=\"00:00:00.000\"/>", "<vob file=\"C:\\T\\Emptytest.mpg\" />",
-                "<vob file=\"C:\\v\\intro.mpg\" chapters=\"00:00:00.00\"/>"}));
+  ExpectGolden(Text(AuthorMode::SyntaxCheck), u"titlesets_syntax_check.xml"_s);
 }
 
 TEST_F(AuthorXmlTitlesetsTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {
   AddFilms(1);
   AddNode(project, u"MMBG"_s, u"MMBGPreAction|PreAction=g1=1;\r\nbutton=1024;"_s);
   AddNode(project, u"MMBG"_s, u"MMBGPostAction|PostAction=jump titleset 1 menu;"_s);
-  EXPECT_EQ(Part("entry=\"title\"", "</pgc>"), WithCrLf(R"(      <pgc entry="title">
-       <pre>
-            g1=1;
-            button=1024;
-       </pre>
-        <vob file="C:\T\MMMenu.mpg" pause="inf"/>
-        <button name="MMB1">jump titleset 1 menu;</button>
-        <post>
-            jump titleset 1 menu;
-        </post>
-      </pgc>
-)"));
+  ExpectGolden(Text(), u"titlesets_own_commands.xml"_s);
 }
 
 }  // namespace

@@ -37,13 +37,12 @@ TEST_F(PipelineTest, CreateBatchWritesEverythingAndListsIt) {
   ASSERT_EQ(pipeline.PrepareCreateBatch(), Readiness::Ready);
   const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::WriteOnly);
   ASSERT_TRUE(plan);
-  EXPECT_EQ(plan->BatchList, (QStringList{u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MM1Brun1.bat"_s,
-                                          u"MM1Brun2.bat"_s, u"EBrun1.bat"_s, u"author.bat"_s}));
-  EXPECT_EQ(TempFiles(),
-            (QStringList{u"Author.xml"_s, u"EBrun1.bat"_s, u"EmptyBackg.jpg"_s, u"MM1Act.png"_s, u"MM1Backg.png"_s,
-                         u"MM1Brun1.bat"_s, u"MM1Brun2.bat"_s, u"MM1High.png"_s, u"MM1Spu.xml"_s, u"MMAct.png"_s,
-                         u"MMBackg.png"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MMHigh.png"_s, u"MMSpu.xml"_s,
-                         u"MainBatch.bat"_s, u"author.bat"_s, u"batchrun0.bat"_s}));
+  EXPECT_EQ(plan->BatchList.join(u' '),
+            u"batchrun0.bat MMBrun1.bat MMBrun2.bat MM1Brun1.bat MM1Brun2.bat EBrun1.bat author.bat");
+  EXPECT_EQ(TempFiles().join(u' '),
+            u"Author.xml EBrun1.bat EmptyBackg.jpg MM1Act.png MM1Backg.png MM1Brun1.bat MM1Brun2.bat MM1High.png "
+            u"MM1Spu.xml MMAct.png MMBackg.png MMBrun1.bat MMBrun2.bat MMHigh.png MMSpu.xml MainBatch.bat author.bat "
+            u"batchrun0.bat");
   EXPECT_EQ(prompter_.boxes, (std::vector<Box>{{.text = u"Batchfiles created! See MainBatch.bat for details"_s}}));
 }
 
@@ -123,13 +122,12 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
   const AudioTitle track{u"C:\\s.ac3"_s, u"A"_s, u"B"_s, u"C"_s, u"C:\\back.png"_s, 0};
   AddAudioTitleSetSubtree(project_, {.Name = u"Songs"_s, .Titles = {track, track}}, u"MM"_s, 2);
 
-  const QStringList mainMenus{u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"MMBrun2.bat"_s, u"MM1Brun1.bat"_s,
-                              u"MM1Brun2.bat"_s};
-  const QStringList titlesetMenus{u"TS1Brun1.bat"_s, u"TS1Brun2.bat"_s, u"TS2Brun1.bat"_s, u"TS2Brun2.bat"_s};
-  const QStringList end{u"author.bat"_s, u"EndTvn.bat"_s};
+  const QString mainMenus = u"batchrun0.bat MMBrun1.bat MMBrun2.bat MM1Brun1.bat MM1Brun2.bat "_s;
+  const QString titlesetMenus = u"TS1Brun1.bat TS1Brun2.bat TS2Brun1.bat TS2Brun2.bat "_s;
+  const QString end = u"author.bat EndTvn.bat"_s;
   const auto batches = [this] {
     const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run);
-    return plan ? plan->BatchList : QStringList();
+    return plan ? plan->BatchList.join(u' ') : QString();
   };
   EXPECT_EQ(batches(), mainMenus + titlesetMenus + end);
   EXPECT_EQ(prompter_.boxes, std::vector<Box>());
@@ -138,9 +136,9 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
 
   project_.Settings.UseIntro = true;
   project_.Settings.IntroMovie = u"C:\\i.mpg"_s;
-  EXPECT_EQ(batches(), mainMenus + QStringList{u"EBrun1.bat"_s} + titlesetMenus + end);
+  EXPECT_EQ(batches(), mainMenus + u"EBrun1.bat " + titlesetMenus + end);
   project_.Settings.NoMenus = true;
-  EXPECT_EQ(batches(), QStringList({u"batchrun0.bat"_s, u"EBrun1.bat"_s}) + end);
+  EXPECT_EQ(batches(), u"batchrun0.bat EBrun1.bat " + end);
 
   project_.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s);
   EXPECT_TRUE(CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck());

@@ -17,6 +17,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
+using test::EditBench;
+
 /// A project with titlesets: a film and an audio titleset of two tracks that can be read.
 class PlanCheckTest : public testing::Test {
  protected:
@@ -33,33 +35,37 @@ class PlanCheckTest : public testing::Test {
 
 TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
   struct Case {
-    std::function<void(test::EditBench&)> change;
+    std::function<void(EditBench&)> change;
     QStringList findings;
   };
   const QString songs = u"Film 2 (Songs)"_s;
-  const auto addTracks = [](test::EditBench& bench, int count, const QString& type) {
+  const auto addTracks = [](EditBench& bench, int count, const QString& type) {
     AddAudioTitleSet(bench.context,
                      {.Name = u"More"_s,
                       .Titles = std::vector<AudioTitle>(std::size_t(count), Track(u"C:\\1.ac3"_s)),
                       .AudioTSLayoutType = type},
                      {});
   };
-  const auto addFilms = [](test::EditBench& bench, int count) {
+  const auto addFilmsWithoutMenus = [](EditBench& bench, int count) {
+    bench.project.Settings.NoMenus = true;
     for (int film = bench.project.FilmCount + 1; film <= count; ++film) {
       test::AddFilm(bench.project, film, u"MM"_s, u"C:\\a.m2v"_s);
     }
   };
+  const auto addButtons = [](EditBench& bench, int count) {
+    for (int i = 0; i < count; ++i) AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {.menu = u"TS1"_s});
+  };
   const Case cases[] = {
-      {[](test::EditBench&) {}, {}},
-      {[](test::EditBench& bench) { bench.project.Settings.NoTitleSets = true; },
+      {[](EditBench&) {}, {}},
+      {[](EditBench& bench) { bench.project.Settings.NoTitleSets = true; },
        {songs + u" is an audio titleset, which needs a titleset of its own. Please switch titlesets on."}},
-      {[](test::EditBench& bench) { bench.project.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s); },
+      {[](EditBench& bench) { bench.project.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s); },
        {songs + u", track 2: the sound file C:\\no.ac3 is missing or cannot be read. Please choose another one."}},
-      {[](test::EditBench& bench) { bench.project.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\m.mp2"_s); },
+      {[](EditBench& bench) { bench.project.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\m.mp2"_s); },
        {songs + u": all sound files of an audio titleset must be of one kind."}},
-      {[](test::EditBench& bench) { bench.project.Tree.SetTag(u"FPA2"_s, u"3"_s); },
+      {[](EditBench& bench) { bench.project.Tree.SetTag(u"FPA2"_s, u"3"_s); },
        {songs + u": the number of its tracks (3) is not that of the titles it holds (2)."}},
-      {[](test::EditBench& bench) {
+      {[](EditBench& bench) {
          bench.project.Settings.Engine = 1;
          for (const QString& n : {u"1"_s, u"2"_s}) {
            bench.project.Tree.SetCaption(u"FPA2#0" + n + u"FILE", u"File=C:\\" + n + u".dts");
@@ -67,49 +73,41 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
        },
        {songs + u", track 1: the playing time of C:\\1.dts is not known, so MuxMan cannot place it.",
         songs + u", track 2: the playing time of C:\\2.dts is not known, so MuxMan cannot place it."}},
-      {[](test::EditBench& bench) { bench.project.Tree.Remove(u"TS1"_s); },
+      {[](EditBench& bench) { bench.project.Tree.Remove(u"TS1"_s); },
        {u"Film 1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s}},
-      {[](test::EditBench& bench) {
+      {[](EditBench& bench) {
          AddMenu(bench.context, {}, {.menu = u"TS1"_s});
          bench.project.Tree.SetTag(u"TS1M1"_s, u"SM7"_s);
          bench.project.Tree.Remove(u"SM1"_s);
        },
        {u"Menu TS1 leads to SM7, which is no submenu."_s, u"The menu SM1 is listed as a submenu but is not there."_s}},
-      {[&](test::EditBench& bench) { addTracks(bench, 96, u"0"_s); }, {}},
-      {[&](test::EditBench& bench) {
+      {[&](EditBench& bench) { addTracks(bench, 96, u"0"_s); }, {}},
+      {[&](EditBench& bench) {
          addTracks(bench, 96, u"0"_s);
          bench.project.Tree.SetTag(u"FPAL2"_s, {});
          bench.project.Settings.UseIntro = true;
        },
        {u"The disc would have 100 titles; it can hold 99. Please give audio titlesets one title with chapters, or take "
         u"films out."_s}},
-      {[&](test::EditBench& bench) { addTracks(bench, 96, u"1"_s); }, {}},
-      {[&](test::EditBench& bench) {
-         bench.project.Settings.NoMenus = true;
-         addFilms(bench, 63);
-       },
-       {}},
-      {[&](test::EditBench& bench) {
-         bench.project.Settings.NoMenus = true;
-         addFilms(bench, 64);
-       },
+      {[&](EditBench& bench) { addTracks(bench, 96, u"1"_s); }, {}},
+      {[&](EditBench& bench) { addFilmsWithoutMenus(bench, 63); }, {}},
+      {[&](EditBench& bench) { addFilmsWithoutMenus(bench, 64); },
        {u"A disc without menus can hold 63 titlesets with dvdauthor; this one would have 64. Please switch titlesets "
-        u"off "
-        u"or take films out."_s}},
-      {[](test::EditBench& bench) {
-         for (int i = 0; i < 32; ++i) AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {.menu = u"TS1"_s});
+        u"off or take films out."_s}},
+      {[&](EditBench& bench) {
+         addButtons(bench, 32);
          SetAutoAction(bench.project, u"TS1"_s, 1, AutoActions{u"l"_s, u"r"_s, u"u"_s, u"d"_s});
        },
        {u"Menu TitleSet1Menu (TS1) has 33 buttons, one of which acts at once; dvdauthor allows 32. Please take some "
         u"out."_s}},
-      {[](test::EditBench& bench) {
-         for (int i = 0; i < 18; ++i) AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {.menu = u"TS1"_s});
+      {[&](EditBench& bench) {
+         addButtons(bench, 18);
          bench.project.Settings.DefMenuRatio = true;
        },
        {u"Menu TitleSet1Menu (TS1) has 19 buttons; dvdauthor allows 18. Please take some out."_s}},
   };
   for (const Case& c : cases) {
-    test::EditBench bench(test::TitleSetSettings());
+    EditBench bench(test::TitleSetSettings());
     AddFilm(bench.context, {.Name = u"Film"_s, .VideoFile = u"C:\\a.m2v"_s}, {});
     AddAudioTitleSet(
         bench.context,
@@ -121,7 +119,7 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
 }
 
 TEST_F(PlanCheckTest, AMissingSoundFileIsAWarningWhereNothingIsRun) {
-  test::EditBench bench(test::TitleSetSettings());
+  EditBench bench(test::TitleSetSettings());
   AddAudioTitleSet(bench.context, {.Name = u"Songs"_s, .Titles = {Track(u"C:\\no.ac3"_s)}}, {});
   struct Case {
     PlanUse use;
