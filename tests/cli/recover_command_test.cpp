@@ -61,7 +61,7 @@ TEST_F(RecoverCommandTest, ListsSavesAndDiscardsLeftWork) {
   Project recovered(test::FixedSettings());
   test::RecordingPrompter prompter;
   ASSERT_TRUE(LoadProject(recovered, saved, prompter));
-  EXPECT_EQ(test::TreeLines(recovered.Tree), test::TreeLines(project_.Tree));
+  EXPECT_EQ(test::DumpTree(recovered.Tree), test::DumpTree(project_.Tree));
 
   EXPECT_EQ(Run({u"save"_s, u"2-1"_s, saved}), kExitFailed);
   EXPECT_EQ(Run({u"discard"_s, u"2-1"_s}), kExitDone);

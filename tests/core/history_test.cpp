@@ -14,7 +14,7 @@ namespace torvane {
 namespace {
 
 using test::RandomChanges;
-using test::TreeLines;
+using test::DumpTree;
 using test::WholeProject;
 
 class HistoryTest : public ::testing::Test {
@@ -94,14 +94,14 @@ TEST_F(HistoryTest, AnInnerEditJoinsTheOuterOne) {
       project_.Tree.Add({u"X1"_s, u"kept"_s}, u"X"_s, Relation::Child);
       kept.Commit();
     }
-    const QString withKept = TreeLines(project_.Tree);
+    const QString withKept = DumpTree(project_.Tree);
     {
       const Edit dropped(project_, u"Dropped"_s);
       project_.Tree.Add({u"X2"_s, u"dropped"_s}, u"X"_s, Relation::Child);
       project_.Tree.SetCaption(u"X1"_s, u"dropped"_s);
       project_.FilmCount = 50;
     }
-    EXPECT_EQ(TreeLines(project_.Tree), withKept);
+    EXPECT_EQ(DumpTree(project_.Tree), withKept);
     EXPECT_EQ(project_.FilmCount, 2);
     EXPECT_FALSE(project_.History.Undo());
     outer.Commit();

@@ -75,7 +75,7 @@ class ProjectMutations {
     Project again(FixedSettings());
     RecordingPrompter prompter;
     if (!LoadProject(again, file, prompter)) return QStringLiteral("saved, but not loaded again");
-    if (TreeLines(again.Tree) != TreeLines(project.Tree)) return QStringLiteral("saved and loaded is another tree");
+    if (DumpTree(again.Tree) != DumpTree(project.Tree)) return QStringLiteral("saved and loaded is another tree");
     return *ProjectFileText(again) == *text ? QString() : QStringLiteral("saved again is another file");
   }
 

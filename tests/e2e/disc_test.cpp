@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane::test {
 namespace {
 
-using testing::Each;
+using testing::AllOf;
 using testing::HasSubstr;
 
 /// Seconds by which a chapter or a film's end may miss what the project says.
@@ -33,9 +33,7 @@ struct AuthoredDisc {
 
 std::vector<std::array<int, 4>> Rectangles(const std::vector<DiscButton>& buttons) {
   std::vector<std::array<int, 4>> rectangles;
-  for (const DiscButton& button : buttons) {
-    rectangles.push_back({button.left, button.top, button.right, button.bottom});
-  }
+  for (const DiscButton& button : buttons) rectangles.push_back(button.edges);
   return rectangles;
 }
 
@@ -67,7 +65,7 @@ class DiscTest : public testing::TestWithParam<Norm> {
     std::unique_ptr<AuthoredDisc>& disc = Discs()[GetParam()];
     if (!disc) disc = std::make_unique<AuthoredDisc>(GetParam());
     disc_ = disc.get();
-    ASSERT_EQ(disc_->built.exitCode, 0) << disc_->built.messages.toStdString() << disc_->built.output.toStdString();
+    ASSERT_TRUE(Succeeded(disc_->built));
     player_ = DvdPlayer::Open(Work().OutDir() + u"/DVD"_s);
     ASSERT_TRUE(player_);
     ASSERT_EQ(player_->Settle().domain, DiscPlace::Domain::VmgmMenu) << Complaints();
@@ -91,8 +89,7 @@ class DiscTest : public testing::TestWithParam<Norm> {
 };
 
 TEST_P(DiscTest, TheRunTellsWhatTheToolsToldAndLeavesTheProjectAlone) {
-  EXPECT_THAT(Built().output.toStdString(), HasSubstr("DVDAuthor::dvdauthor"));
-  EXPECT_THAT(Built().output.toStdString(), HasSubstr("Batchrun finished"));
+  EXPECT_THAT(Built().output.toStdString(), AllOf(HasSubstr("DVDAuthor::dvdauthor"), HasSubstr("Batchrun finished")));
   EXPECT_THAT(Work().Log().toStdString(), HasSubstr("dvdauthor creating table of contents"));
   EXPECT_THAT(Built().messages.toStdString(), testing::Not(HasSubstr("error:")));
   EXPECT_TRUE(Work().ProjectIsUntouched());
@@ -167,7 +164,7 @@ TEST_P(DiscTest, ASecondBuildReplacesTheDiscWithTheSame) {
   const std::map<QString, QByteArray> before = VideoFiles(Work());
   Workshop& workshop = Discs()[GetParam()]->workshop;
   const CliResult again = workshop.Run(u"build"_s);
-  EXPECT_EQ(again.exitCode, 0) << again.messages.toStdString();
+  EXPECT_TRUE(Succeeded(again));
   EXPECT_THAT(again.messages.toStdString(), HasSubstr("question: The VIDEO_TS folder contains files"));
   EXPECT_TRUE(VideoFiles(Work()) == before);
 
@@ -182,8 +179,7 @@ INSTANTIATE_TEST_SUITE_P(Sample, DiscTest, testing::Values(Norm::Pal, Norm::Ntsc
 TEST(WideTest, TheButtonsOfA16To9MenuWorkInBothForms) {
   Workshop workshop;
   workshop.project.SetSetting(u"MRATIO"_s, u"1"_s);
-  const CliResult built = workshop.Run(u"build"_s);
-  ASSERT_EQ(built.exitCode, 0) << built.messages.toStdString() << built.output.toStdString();
+  ASSERT_TRUE(Succeeded(workshop.Run(u"build"_s)));
   const std::unique_ptr<DvdPlayer> player = DvdPlayer::Open(workshop.OutDir() + u"/DVD"_s);
   ASSERT_TRUE(player);
   ASSERT_EQ(player->Settle().domain, DiscPlace::Domain::VmgmMenu);
@@ -207,8 +203,7 @@ TEST(WideTest, TheButtonsOfA16To9MenuWorkInBothForms) {
 TEST(NoMenusTest, TheDiscPlaysTheFilmsInOrderAndStops) {
   Workshop workshop;
   workshop.project.SetSetting(u"NOMENUS"_s, u"1"_s);
-  const CliResult built = workshop.Run(u"build"_s);
-  ASSERT_EQ(built.exitCode, 0) << built.messages.toStdString() << built.output.toStdString();
+  ASSERT_TRUE(Succeeded(workshop.Run(u"build"_s)));
 
   const std::unique_ptr<DvdPlayer> player = DvdPlayer::Open(workshop.OutDir() + u"/DVD"_s);
   ASSERT_TRUE(player);
@@ -223,18 +218,14 @@ TEST(NoMenusTest, TheDiscPlaysTheFilmsInOrderAndStops) {
 }
 
 struct OddNames {
-  const char* test;
-  const char* folder;
-  const char* out;
-  const char* temp;
-  const char* film;
+  const char *test, *folder, *out, *temp, *film;
 };
 
 class OddNamesTest : public testing::TestWithParam<OddNames> {};
 
 TEST_P(OddNamesTest, MakeTheSameDisc) {
   Workshop plain;
-  ASSERT_EQ(plain.Run(u"build"_s).exitCode, 0);
+  ASSERT_TRUE(Succeeded(plain.Run(u"build"_s)));
 
   const auto [test, folder, out, temp, film] = GetParam();
   Workshop odd(Norm::Pal, QString::fromUtf8(folder), QString::fromUtf8(out), QString::fromUtf8(temp));
@@ -244,8 +235,7 @@ TEST_P(OddNamesTest, MakeTheSameDisc) {
   odd.RenameMedia(u"background.png"_s, name + u".png"_s, u"MMBGPath"_s);
   odd.project.SetValue(u"MM1BGPath"_s, u"C:\\Torvane\\Sample\\"_s + name + u".png"_s);
   odd.project.SetValue(u"FP1"_s, name);
-  const CliResult built = odd.Run(u"build"_s);
-  ASSERT_EQ(built.exitCode, 0) << built.messages.toStdString() << built.output.toStdString();
+  ASSERT_TRUE(Succeeded(odd.Run(u"build"_s)));
 
   EXPECT_TRUE(VideoFiles(odd) == VideoFiles(plain));
   EXPECT_TRUE(odd.ProjectIsUntouched());

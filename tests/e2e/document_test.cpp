@@ -17,8 +17,7 @@ TEST(SampleTest, IsWrittenAsTheProgramWritesIt) {
   Workshop workshop;
   // Without its media the project keeps the paths it has.
   for (const QString& name : QDir(workshop.Dir()).entryList(QDir::Files)) workshop.RemoveMedia(name);
-  const CliResult saved = workshop.Run(u"save"_s, {workshop.Dir() + u"/saved.tvn"_s});
-  ASSERT_EQ(saved.exitCode, 0) << saved.messages.toStdString();
+  ASSERT_TRUE(Succeeded(workshop.Run(u"save"_s, {workshop.Dir() + u"/saved.tvn"_s})));
   EXPECT_EQ(ContentOf(workshop.Dir() + u"/saved.tvn"_s).toStdString(), workshop.project.Text().toStdString());
 }
 
@@ -44,22 +43,13 @@ TEST(ReadmeTest, ItsCommandsWorkInTheirOrder) {
 
   Workshop workshop;
   ASSERT_TRUE(QDir(workshop.Dir()).mkdir(u"samples"_s));
-  for (const QString& name : {u"holiday.tvn"_s, u"samples/sample.tvn"_s}) {
-    QFile file(workshop.Dir() + u'/' + name);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(workshop.project.Text()) > 0);
-  }
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(u"PATH"_s, QStringLiteral(TORVANE_BIN_DIR ":") + environment.value(u"PATH"_s));
+  for (const QString& name : {u"holiday.tvn"_s, u"samples/sample.tvn"_s})
+    Put(workshop.Dir() + u'/' + name, workshop.project.Text());
+  const QString path = QStringLiteral(TORVANE_BIN_DIR ":") + qEnvironmentVariable("PATH");
   for (QString command : commands) {
     command.replace(u"/data/dvd"_s, workshop.OutDir());
-    QProcess shell;
-    shell.setProcessEnvironment(environment);
-    shell.setProcessChannelMode(QProcess::MergedChannels);
-    shell.setStandardInputFile(QProcess::nullDevice());
-    shell.setWorkingDirectory(workshop.Dir());
-    shell.start(u"/bin/bash"_s, {u"-c"_s, command});
-    ASSERT_TRUE(shell.waitForFinished(300'000)) << command.toStdString();
-    EXPECT_EQ(shell.exitCode(), 0) << command.toStdString() << '\n' << shell.readAll().toStdString();
+    EXPECT_TRUE(Succeeded(RunProgram(u"/bin/bash"_s, {u"-c"_s, command}, workshop.Dir(), {u"PATH"_s, path})))
+        << qPrintable(command);
   }
   EXPECT_TRUE(QFile::exists(workshop.OutDir() + u"/DVD/VIDEO_TS/VIDEO_TS.IFO"_s));
   EXPECT_TRUE(QFile::exists(workshop.Dir() + u"/pictures/MMBackg.png"_s));

@@ -22,21 +22,8 @@ constexpr qsizetype enoughVideo = 500'000;
 /// Blocks and events after which a walk is given up: far more than any disc of these tests holds.
 constexpr int walkLimit = 2'000'000;
 
-const char* Name(DiscPlace::Domain domain) {
-  switch (domain) {
-    case DiscPlace::Domain::FirstPlay:
-      return "first play";
-    case DiscPlace::Domain::VmgmMenu:
-      return "main menu chain";
-    case DiscPlace::Domain::TitlesetMenu:
-      return "titleset menu chain";
-    case DiscPlace::Domain::Title:
-      return "title";
-    case DiscPlace::Domain::Stopped:
-      return "stopped";
-  }
-  return "";
-}
+/// Names of the domains in their order.
+constexpr const char* domainNames[] = {"first play", "main menu chain", "titleset menu chain", "title", "stopped"};
 
 enum class Payload { Video, Sound, Other };
 
@@ -72,7 +59,7 @@ void Collect(void* list, dvdnav_logger_level_t level, const char* format, va_lis
 }  // namespace
 
 std::ostream& operator<<(std::ostream& out, const DiscPlace& place) {
-  out << Name(place.domain);
+  out << domainNames[int(place.domain)];
   if (place.title != 0) out << ' ' << place.title << " chapter";
   return out << ' ' << place.number;
 }
@@ -134,36 +121,28 @@ DvdPlayer::Event DvdPlayer::Next() {
       return Event::Block;
     case DVDNAV_NAV_PACKET:
       return Event::Navigation;
-    case DVDNAV_CELL_CHANGE:
-      return Event::Cell;
     case DVDNAV_STILL_FRAME:
       return Event::Still;
     case DVDNAV_WAIT:
       dvdnav_wait_skip(dvd_);
-      return Event::Other;
+      break;
     case DVDNAV_STOP:
       stopped_ = true;
-      return Event::Stop;
+      break;
     default:
-      return Event::Other;
+      break;
   }
+  return Event::Other;
 }
 
 DiscPlace DvdPlayer::Settle() {
   for (int step = 0; step < walkLimit && !stopped_; ++step) {
-    switch (Next()) {
-      case Event::Failure:
-        return Place();
-      case Event::Navigation:
-        if (Place().domain == DiscPlace::Domain::Title) return Place();
-        break;
-      case Event::Still:
-        if (!Buttons().empty()) return Place();
-        dvdnav_still_skip(dvd_);
-        break;
-      default:
-        break;
-    }
+    const Event event = Next();
+    if (event == Event::Failure) break;
+    if (event == Event::Navigation && Place().domain == DiscPlace::Domain::Title) break;
+    if (event != Event::Still) continue;
+    if (!Buttons().empty()) break;
+    dvdnav_still_skip(dvd_);
   }
   return Place();
 }
@@ -178,7 +157,9 @@ std::vector<double> DvdPlayer::ChapterEnds(int title) const {
   return seconds;
 }
 
-int DvdPlayer::ButtonGroups() const { return dvdnav_get_current_nav_pci(dvd_)->hli.hl_gi.btngr_ns; }
+int DvdPlayer::ButtonGroups() const {
+  return dvdnav_get_current_nav_pci(dvd_)->hli.hl_gi.btngr_ns;
+}
 
 std::vector<DiscButton> DvdPlayer::Buttons(int group) const {
   std::vector<DiscButton> buttons;
@@ -186,14 +167,8 @@ std::vector<DiscButton> DvdPlayer::Buttons(int group) const {
   if (pci == nullptr || pci->hli.hl_gi.hli_ss == 0 || group >= pci->hli.hl_gi.btngr_ns) return buttons;
   for (int i = 0; i < pci->hli.hl_gi.btn_ns; ++i) {
     const btni_t& button = pci->hli.btnit[FirstOfGroup(*pci, group) + i];
-    buttons.push_back({.left = int(button.x_start),
-                       .top = int(button.y_start),
-                       .right = int(button.x_end),
-                       .bottom = int(button.y_end),
-                       .leftNeighbour = int(button.left),
-                       .rightNeighbour = int(button.right),
-                       .upNeighbour = int(button.up),
-                       .downNeighbour = int(button.down)});
+    buttons.push_back({{int(button.x_start), int(button.y_start), int(button.x_end), int(button.y_end)},
+                       {int(button.left), int(button.right), int(button.up), int(button.down)}});
   }
   return buttons;
 }
@@ -266,7 +241,8 @@ PlayedTitle DvdPlayer::PlayToEnd() {
       if (payload == Payload::Video) {
         ++played.videoBlocks;
         QByteArray& video = played.chapterVideo.back();
-        if (video.size() < enoughVideo) video.append(reinterpret_cast<const char*>(block_.data()), qsizetype(block_.size()));
+        if (video.size() < enoughVideo)
+          video.append(reinterpret_cast<const char*>(block_.data()), qsizetype(block_.size()));
       }
       if (payload == Payload::Sound) ++played.soundBlocks;
     }

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <ostream>
@@ -32,15 +33,9 @@ std::ostream& operator<<(std::ostream& out, const DiscPlace& place);
 
 /// A button as the disc's highlight information gives it: pixels of the menu picture, all four edges belong to it.
 struct DiscButton {
-  int left = 0;
-  int top = 0;
-  int right = 0;
-  int bottom = 0;
-  /// Numbers of the buttons that the arrow keys lead to.
-  int leftNeighbour = 0;
-  int rightNeighbour = 0;
-  int upNeighbour = 0;
-  int downNeighbour = 0;
+  std::array<int, 4> edges = {};  ///< left, top, right, bottom
+  /// Numbers of the buttons that the arrow keys left, right, up and down lead to.
+  std::array<int, 4> neighbours = {};
 
   bool operator==(const DiscButton&) const = default;
 };
@@ -118,7 +113,7 @@ class DvdPlayer {
   QStringList Complaints() const { return complaints_; }
 
  private:
-  enum class Event { Block, Navigation, Cell, Still, Stop, Failure, Other };
+  enum class Event { Block, Navigation, Still, Failure, Other };
 
   DvdPlayer() = default;
   Event Next();

@@ -9,9 +9,18 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane::test {
 namespace {
 
-/// Matches the attribute in the element of the key; the value is the second capture, so that the first can be put back.
+/// Matches the attribute in the element of the key; the value is the capture.
 QRegularExpression AttributeOf(const QString& key, const QString& attribute) {
-  return QRegularExpression(u"(<NODE (?=[^<>]*Key=\"%1\")[^<>]*%2=\")([^\"]*)\""_s.arg(key, attribute));
+  return QRegularExpression(u"<NODE (?=[^<>]*Key=\"%1\")[^<>]*%2=\"([^\"]*)\""_s.arg(key, attribute));
+}
+
+/// Puts a value in the place of the capture.
+void Replace(QByteArray& file, const QRegularExpression& pattern, const QString& value) {
+  QString text = QString::fromUtf8(file);
+  const QRegularExpressionMatch match = pattern.match(text);
+  ASSERT_TRUE(match.hasMatch()) << pattern.pattern().toStdString();
+  text.replace(match.capturedStart(1), match.capturedLength(1), value.toHtmlEscaped());
+  file = text.toUtf8();
 }
 
 double SecondsOf(const QString& time) {
@@ -22,15 +31,11 @@ double SecondsOf(const QString& time) {
 }  // namespace
 
 QString ProjectText::Attribute(const QString& key, const QString& attribute) const {
-  return AttributeOf(key, attribute).match(QString::fromUtf8(text_)).captured(2);
+  return AttributeOf(key, attribute).match(QString::fromUtf8(text_)).captured(1);
 }
 
 void ProjectText::SetAttribute(const QString& key, const QString& attribute, const QString& value) {
-  QString text = QString::fromUtf8(text_);
-  const QRegularExpressionMatch match = AttributeOf(key, attribute).match(text);
-  ASSERT_TRUE(match.hasMatch()) << key.toStdString() << ' ' << attribute.toStdString();
-  text.replace(match.capturedStart(2), match.capturedLength(2), value.toHtmlEscaped());
-  text_ = text.toUtf8();
+  Replace(text_, AttributeOf(key, attribute), value);
 }
 
 QStringList ProjectText::Keys() const {
@@ -69,12 +74,7 @@ void ProjectText::SetTag(const QString& key, const QString& tag) {
 }
 
 void ProjectText::SetSetting(const QString& attribute, const QString& value) {
-  QString text = QString::fromUtf8(text_);
-  static const QString pattern = u"( %1=\")[^\"]*\""_s;
-  const QRegularExpressionMatch match = QRegularExpression(pattern.arg(attribute)).match(text);
-  ASSERT_TRUE(match.hasMatch()) << attribute.toStdString();
-  text.replace(match.capturedStart(), match.capturedLength(), match.captured(1) + value + u'"');
-  text_ = text.toUtf8();
+  Replace(text_, QRegularExpression(u" %1=\"([^\"]*)\""_s.arg(attribute)), value);
 }
 
 void ProjectText::MakeNtsc() {

@@ -17,19 +17,11 @@ constexpr double tolerance = 0.5;
 
 TEST(ScriptTest, MakesADiscWhoseButtonsLeadWhereTheySay) {
   const QTemporaryDir dir;
-  QProcess script;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(u"TORVANE_CLI"_s, QStringLiteral(TORVANE_BIN_DIR "/torvane-cli"));
-  script.setProcessEnvironment(environment);
-  script.setProcessChannelMode(QProcess::MergedChannels);
-  script.setStandardInputFile(QProcess::nullDevice());
-  script.setWorkingDirectory(dir.path());
-  script.start(QStringLiteral(TORVANE_SAMPLES_DIR "/make-disc-by-script.sh"), {u"my island"_s});
-  ASSERT_TRUE(script.waitForFinished(300'000));
-  const std::string words = script.readAll().toStdString();
-  ASSERT_EQ(script.exitCode(), 0) << words;
-  EXPECT_THAT(words, testing::HasSubstr("Findings: none\n"));
-  EXPECT_THAT(words, testing::Not(testing::ContainsRegex("warning|error:")));
+  const CliResult made = RunProgram(QStringLiteral(TORVANE_SAMPLES_DIR "/make-disc-by-script.sh"), {u"my island"_s},
+                                    dir.path(), {u"TORVANE_CLI"_s, QStringLiteral(TORVANE_BIN_DIR "/torvane-cli")});
+  ASSERT_TRUE(Succeeded(made));
+  EXPECT_THAT(made.Words(), testing::HasSubstr("Findings: none\n"));
+  EXPECT_THAT(made.Words(), testing::Not(testing::ContainsRegex("warning|error:")));
 
   const std::unique_ptr<DvdPlayer> player = DvdPlayer::Open(dir.path() + u"/my island/DVD"_s);
   ASSERT_TRUE(player);

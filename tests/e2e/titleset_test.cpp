@@ -43,11 +43,10 @@ class TitlesetDisc {
   void AddShortFilm() {
     const QString file = workshop.Dir() + u"/short.mpg"_s;
     if (!QFile::exists(file)) {
-      QProcess ffmpeg;
-      ffmpeg.start(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-nostdin"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                                 u"testsrc2=size=352x288:rate=25:duration=1"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                                 u"sine=sample_rate=48000:duration=1"_s, u"-target"_s, u"pal-dvd"_s, file});
-      ASSERT_TRUE(ffmpeg.waitForFinished() && ffmpeg.exitCode() == 0) << ffmpeg.readAllStandardError().toStdString();
+      Ffmpeg(
+          u"-f lavfi -i testsrc2=size=352x288:rate=25:duration=1 -f lavfi -i sine=sample_rate=48000:duration=1 "
+          u"-target pal-dvd"_s,
+          file);
     }
     const int number = bench.project.FilmCount;
     FilmRecord film{.Name = u"short%1"_s.arg(number + 1), .VideoFile = HostFiles::FromUser(file)};
@@ -73,11 +72,7 @@ class TitlesetDisc {
     AudioTitleStore store{.Name = u"Songs"_s, .Titles = {}, .AudioTSLayoutType = layoutType};
     for (std::size_t i = 0; i < seconds.size(); ++i) {
       const QString file = u"track%1."_s.arg(i + 1) + ending;
-      QProcess ffmpeg;
-      ffmpeg.start(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-nostdin"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                                 u"sine=frequency=%1:sample_rate=48000:duration=%2"_s.arg(300 + 50 * i).arg(seconds[i]),
-                                 u"-ac"_s, u"2"_s, u"-b:a"_s, u"192k"_s, workshop.Dir() + u'/' + file});
-      ASSERT_TRUE(ffmpeg.waitForFinished() && ffmpeg.exitCode() == 0) << ffmpeg.readAllStandardError().toStdString();
+      MakeSound(workshop.Dir() + u'/' + file, 300 + 50 * int(i), seconds[i]);
       store.Titles.push_back({PathOf(file), u"Artist %1"_s.arg(i + 1), u"The album"_s,
                               QString(u"Song number "_s + QString(5, QChar(u'1' + char16_t(i)))),
                               PathOf(u"background.png"_s), 0});
@@ -101,10 +96,8 @@ class TitlesetDisc {
     workshop.project = ProjectText(*text);
     const CliResult info = workshop.Run(u"info"_s);
     EXPECT_TRUE(info.output.endsWith("Findings: none\n")) << info.output.toStdString();
-    const CliResult checked = workshop.Run(u"check"_s);
-    EXPECT_EQ(checked.exitCode, 0) << checked.messages.toStdString() << checked.output.toStdString();
-    const CliResult built = workshop.Run(u"build"_s);
-    ASSERT_EQ(built.exitCode, 0) << built.messages.toStdString() << built.output.toStdString();
+    EXPECT_TRUE(Succeeded(workshop.Run(u"check"_s)));
+    ASSERT_TRUE(Succeeded(workshop.Run(u"build"_s)));
     player = DvdPlayer::Open(workshop.OutDir() + u"/DVD"_s);
     ASSERT_TRUE(player);
   }
@@ -126,9 +119,8 @@ class TitlesetDisc {
 /// The first picture of a program stream as the brightness of its pixels.
 QImage FirstPicture(const QByteArray& stream) {
   QProcess ffmpeg;
-  ffmpeg.start(u"ffmpeg"_s,
-               {u"-v"_s, u"error"_s, u"-f"_s, u"mpeg"_s, u"-i"_s, u"-"_s, u"-frames:v"_s, u"1"_s, u"-f"_s,
-                u"rawvideo"_s, u"-pix_fmt"_s, u"gray"_s, u"-vf"_s, u"scale=in_range=tv:out_range=pc"_s, u"-"_s});
+  ffmpeg.startCommand(
+      u"ffmpeg -v error -f mpeg -i - -frames:v 1 -f rawvideo -pix_fmt gray -vf scale=in_range=tv:out_range=pc -"_s);
   ffmpeg.write(stream);
   ffmpeg.closeWriteChannel();
   EXPECT_TRUE(ffmpeg.waitForFinished());

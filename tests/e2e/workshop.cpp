@@ -1,7 +1,5 @@
 #include "workshop.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
@@ -18,23 +16,12 @@ const QString programs = QStringLiteral(TORVANE_BIN_DIR);
 const QString samples = QStringLiteral(TORVANE_SAMPLES_DIR);
 const QString shared = QStringLiteral(TORVANE_E2E_DIR);
 
-/// The directory with the media of a norm, made on first use by whichever test comes first.
-QString MediaDir(Norm norm) {
-  const QString name = norm == Norm::Pal ? u"pal"_s : u"ntsc"_s;
-  const QString dir = shared + u"/media-"_s + name;
-  QProcess script;
-  script.setProcessChannelMode(QProcess::MergedChannels);
-  script.start(samples + u"/make-media.sh"_s, {dir, name});
-  EXPECT_TRUE(script.waitForFinished(commandLimitMs) && script.exitCode() == 0) << script.readAll().toStdString();
-  return dir;
-}
-
 CliResult Finish(QProcess& process) {
   CliResult result;
   if (process.waitForFinished(commandLimitMs) && process.exitStatus() == QProcess::NormalExit) {
     result.exitCode = process.exitCode();
   } else {
-    ADD_FAILURE() << "torvane-cli did not end: " << process.errorString().toStdString();
+    ADD_FAILURE() << process.program().toStdString() << " did not end: " << process.errorString().toStdString();
     process.kill();
     process.waitForFinished();
   }
@@ -43,12 +30,57 @@ CliResult Finish(QProcess& process) {
   return result;
 }
 
+/// The directory with the media of a norm, made on first use by whichever test comes first.
+QString MediaDir(Norm norm) {
+  const QString name = norm == Norm::Pal ? u"pal"_s : u"ntsc"_s;
+  const QString dir = shared + u"/media-"_s + name;
+  EXPECT_TRUE(Succeeded(RunProgram(samples + u"/make-media.sh"_s, {dir, name})));
+  return dir;
+}
+
 }  // namespace
+
+testing::AssertionResult Succeeded(const CliResult& result) {
+  if (result.exitCode == 0) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "exit code " << result.exitCode << '\n' << result.Words();
+}
+
+CliResult RunProgram(const QString& program, const QStringList& arguments, const QString& directory,
+                     const std::pair<QString, QString>& variable) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  if (!variable.first.isEmpty()) environment.insert(variable.first, variable.second);
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.setStandardInputFile(QProcess::nullDevice());
+  process.setWorkingDirectory(directory);
+  process.start(program, arguments);
+  return Finish(process);
+}
+
+QByteArray OutputOf(const QString& program, const QStringList& arguments) {
+  const CliResult result = RunProgram(program, arguments);
+  EXPECT_TRUE(Succeeded(result));
+  return result.output;
+}
+
+void Ffmpeg(const QString& options, const QString& file) {
+  OutputOf(u"ffmpeg"_s, QString(u"-v error -nostdin "_s + options).split(u' ') + QStringList{file});
+}
+
+void MakeSound(const QString& file, int frequency, double seconds) {
+  Ffmpeg(u"-f lavfi -i sine=frequency=%1:sample_rate=48000:duration=%2 -ac 2 -b:a 192k"_s.arg(frequency).arg(seconds),
+         file);
+}
 
 QByteArray ContentOf(const QString& path) {
   QFile file(path);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString() << ": " << file.errorString().toStdString();
   return file.readAll();
+}
+
+void Put(const QString& path, const QByteArray& content) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size()) << path.toStdString();
 }
 
 Workshop::Workshop(Norm norm, const QString& folder, const QString& outName, const QString& tempName)
@@ -71,8 +103,7 @@ void Workshop::RemoveMedia(const QString& name) {
 
 void Workshop::ReplaceMedia(const QString& name, const QByteArray& content) {
   RemoveMedia(name);
-  QFile file(dir_ + u'/' + name);
-  EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+  Put(dir_ + u'/' + name, content);
 }
 
 void Workshop::RenameMedia(const QString& name, const QString& newName, const QString& key) {
@@ -81,41 +112,34 @@ void Workshop::RenameMedia(const QString& name, const QString& newName, const QS
 }
 
 void Workshop::WriteProject() {
-  if (QFile::exists(ProjectFile())) return;
-  QFile file(ProjectFile());
-  EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(project.Text()) == project.Text().size());
+  if (!QFile::exists(ProjectFile())) Put(ProjectFile(), project.Text());
 }
 
-QStringList Workshop::Options(const QString& assume) const {
-  return {u"--profile"_s, root_.path() + u"/profile"_s,
-          u"--assume"_s,  assume,
-          u"--set"_s,     u"OutDir="_s + outDir_,
-          u"--set"_s,     u"TempDir="_s + tempDir_,
-          u"--set"_s,     u"ISOPath="_s + isoDir_,
-          u"--set"_s,     u"ISO_Name=SAMPLE"_s,
-          u"--set"_s,     u"CreateISO=1"_s};
+QStringList Workshop::Arguments(const QStringList& command, const QString& assume) const {
+  const QStringList options{u"--profile"_s, root_.path() + u"/profile"_s,
+                            u"--assume"_s,  assume,
+                            u"--set"_s,     u"OutDir="_s + outDir_,
+                            u"--set"_s,     u"TempDir="_s + tempDir_,
+                            u"--set"_s,     u"ISOPath="_s + isoDir_,
+                            u"--set"_s,     u"ISO_Name=SAMPLE"_s,
+                            u"--set"_s,     u"CreateISO=1"_s};
+  return options + command;
 }
 
 CliResult Workshop::Run(const QString& command, const QStringList& arguments, const QString& assume) {
   WriteProject();
-  QProcess process;
-  process.setStandardInputFile(QProcess::nullDevice());
-  process.start(programs + u"/torvane-cli"_s, Options(assume) + QStringList{command, ProjectFile()} + arguments);
-  return Finish(process);
+  return RunProgram(programs + u"/torvane-cli"_s, Arguments(QStringList{command, ProjectFile()} + arguments, assume));
 }
 
 CliResult Workshop::RunPlain(const QString& command, const QStringList& arguments) {
-  QProcess process;
-  process.setStandardInputFile(QProcess::nullDevice());
-  process.start(programs + u"/torvane-cli"_s, Options(u"yes"_s) + QStringList{command} + arguments);
-  return Finish(process);
+  return RunProgram(programs + u"/torvane-cli"_s, Arguments(QStringList{command} + arguments));
 }
 
 std::unique_ptr<QProcess> Workshop::Start(const QString& command) {
   WriteProject();
   auto process = std::make_unique<QProcess>();
   process->setStandardInputFile(QProcess::nullDevice());
-  process->start(programs + u"/torvane-cli"_s, Options(u"yes"_s) + QStringList{command, ProjectFile()});
+  process->start(programs + u"/torvane-cli"_s, Arguments({command, ProjectFile()}));
   EXPECT_TRUE(process->waitForStarted(commandLimitMs));
   return process;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QByteArray>
 #include <QProcess>
 #include <QRect>
@@ -15,11 +17,37 @@ namespace torvane::test {
 
 enum class Norm { Pal, Ntsc };
 
+/// How a program ended and what it printed.
 struct CliResult {
   int exitCode = -1;
   QByteArray output;
   QByteArray messages;
+
+  std::string Words() const { return output.toStdString() + messages.toStdString(); }
 };
+
+/// True for exit code 0; else it shows everything that was printed.
+testing::AssertionResult Succeeded(const CliResult& result);
+
+/// Runs a program without standard input in a directory, with a variable set in its environment. Fails the running test
+/// when it does not end.
+CliResult RunProgram(const QString& program, const QStringList& arguments, const QString& directory = {},
+                     const std::pair<QString, QString>& variable = {});
+
+/// Standard output of a program that must succeed.
+QByteArray OutputOf(const QString& program, const QStringList& arguments);
+
+/// Lets ffmpeg make a file; the options are parted by blanks.
+void Ffmpeg(const QString& options, const QString& file);
+
+/// A tone in stereo of 48 kHz and 192 kbit/s, of the kind that the file's name tells.
+void MakeSound(const QString& file, int frequency, double seconds);
+
+/// Content of a host file; fails the running test when it cannot be read.
+QByteArray ContentOf(const QString& path);
+
+/// Writes a host file; fails the running test when it cannot.
+void Put(const QString& path, const QByteArray& content);
 
 /// A directory of its own with the sample project, its media and what torvane-cli makes of them.
 ///
@@ -74,7 +102,7 @@ class Workshop {
   std::vector<std::array<int, 4>> SpuRectangles(const QString& menu, const QString& file = QStringLiteral("Spu")) const;
 
  private:
-  QStringList Options(const QString& assume) const;
+  QStringList Arguments(const QStringList& command, const QString& assume = QStringLiteral("yes")) const;
   void WriteProject();
 
   QTemporaryDir root_;
@@ -83,8 +111,5 @@ class Workshop {
   QString tempDir_;
   QString isoDir_;
 };
-
-/// Content of a host file; fails the running test when it cannot be read.
-QByteArray ContentOf(const QString& path);
 
 }  // namespace torvane::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <random>
 
 #include "core/film_view.h"
@@ -28,58 +29,34 @@ class RandomUser {
     ElementPlace place{.menu = AnyMenu()};
     if (Below(2) == 0) place.position = QPoint(Below(720), Below(576));
     if (Below(3) == 0) place.style = ButtonStyle(Below(3));
-    switch (Below(18)) {
-      case 0:
-      case 1:
-        AddFilm(c, AnyFilm(), place);
-        break;
-      case 2:
-        AddAudioTitleSet(c, {.Name = QStringLiteral("Songs"), .Titles = std::vector<AudioTitle>(std::size_t(Below(4)))},
-                         place);
-        break;
-      case 3:
-        AddPlayList(c, {.Film = 1 + Below(4), .List = QStringLiteral("01")}, place);
-        break;
-      case 4:
-      case 5:
-        AddMenu(c, {.type = MenuTypes()[Below(5)]}, place);
-        break;
-      case 6:
-        AddChapterButton(c, 1 + Below(3), place);
-        break;
-      case 7:
-        AddFreeButton(c, QStringLiteral("Button\nhere"), Below(2) == 0 ? QStringLiteral("") : QStringLiteral("exit;"),
-                      place);
-        break;
-      case 8:
-        AddPlayAllButton(c, place);
-        break;
-      case 9:
-        AddLabel(c, QStringLiteral("Label"), place);
-        break;
-      case 10:
-        AddImage(c, QStringLiteral("C:\\i.png"), place);
-        break;
-      case 11:
-        AddAnimation(c, {.video = QStringLiteral("C:\\v.m2v")}, place);
-        break;
-      case 12:
-      case 13:
-        DeleteNode(c, AnyKey());
-        break;
-      case 14:
-        EditValue(c, AnyKey(), Below(2) == 0 ? QString::number(Below(800)) : QStringLiteral("1,2,3"));
-        break;
-      case 15:
-        MoveElement(c, AnyKey(), AnyKey());
-        break;
-      case 16:
-        Rearrange(place.menu);
-        break;
-      default:
-        Less(place.menu);
-        break;
-    }
+    const auto addFilm = [&] { AddFilm(c, AnyFilm(), place); };
+    const auto addMenu = [&] { AddMenu(c, {.type = MenuTypes()[Below(5)]}, place); };
+    const auto deleteNode = [&] { DeleteNode(c, AnyKey()); };
+    const auto addSongs = [&] {
+      std::vector<AudioTitle> titles(std::size_t(Below(4)));
+      AddAudioTitleSet(c, {.Name = QStringLiteral("Songs"), .Titles = titles}, place);
+    };
+    const std::function<void()> actions[] = {
+        addFilm,
+        addFilm,
+        addSongs,
+        [&] { AddPlayList(c, {.Film = 1 + Below(4), .List = QStringLiteral("01")}, place); },
+        addMenu,
+        addMenu,
+        [&] { AddChapterButton(c, 1 + Below(3), place); },
+        [&] { AddFreeButton(c, QStringLiteral("Button\nhere"), QLatin1String(Below(2) == 0 ? "" : "exit;"), place); },
+        [&] { AddPlayAllButton(c, place); },
+        [&] { AddLabel(c, QStringLiteral("Label"), place); },
+        [&] { AddImage(c, QStringLiteral("C:\\i.png"), place); },
+        [&] { AddAnimation(c, {.video = QStringLiteral("C:\\v.m2v")}, place); },
+        deleteNode,
+        deleteNode,
+        [&] { EditValue(c, AnyKey(), Below(2) == 0 ? QString::number(Below(800)) : QStringLiteral("1,2,3")); },
+        [&] { MoveElement(c, AnyKey(), AnyKey()); },
+        [&] { Rearrange(place.menu); },
+        [&] { Less(place.menu); },
+    };
+    actions[Below(int(std::size(actions)))]();
     bench_.prompter.boxes.clear();
   }
 
