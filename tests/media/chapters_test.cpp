@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/recording_prompter.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,13 +15,11 @@ using enum ChapterFraction;
 
 TEST(NormalizeChapter, ReadsEveryNotation) {
   const struct {
-    QString text;
-    QString expected;
+    QString text, expected;
     ChapterFraction before, after;
   } cases[] = {
       {u"1:30"_s, u"00:01:30"_s, Unknown, Unknown},
       {u"1:30."_s, u"00:01:30"_s, Unknown, Unknown},
-      {u"01:02:03"_s, u"01:02:03"_s, Unknown, Unknown},
       {u"1:2:3.4"_s, u"01:02:03.400"_s, Unknown, Unknown},
       {u"01:00:00.123"_s, u"01:00:00.123"_s, MaybeFrames, NoFrames},
       {u"01:00:00.1234567"_s, u"01:00:00.123"_s, Unknown, Unknown},
@@ -33,8 +30,8 @@ TEST(NormalizeChapter, ReadsEveryNotation) {
       {u"00:10:00:12"_s, u"00:10:00.120"_s, NoFrames, NoFrames},
       {u"00:10:00:123"_s, u"00:10:00.123"_s, Unknown, NoFrames},
       {u"1500"_s, u"00:01:00.000"_s, MaybeFrames, NoFrames},
-      {u"1513.9"_s, u"00:01:00.520"_s, Unknown, NoFrames},
       {u"0"_s, u"00:00:00.000"_s, Unknown, NoFrames},
+      {u"1513.9"_s, u"00:01:00.520"_s, Unknown, NoFrames},
       {u"2160000"_s, u""_s, Unknown, NoFrames},
       {u"25:00:00.12"_s, u""_s, Unknown, MaybeFrames},
       {u"00:60:00"_s, u""_s, Unknown, Unknown},
@@ -55,10 +52,7 @@ TEST(NormalizeChapter, ReadsEveryNotation) {
 }
 
 TEST(ChapterList, IsSortedAndBeginsWithZero) {
-  const struct {
-    QByteArray content;
-    QString expected;
-  } cases[] = {
+  const std::pair<QByteArray, QString> cases[] = {
       {"", u"00:00:00.000"_s},
       {"no chapters\r\n12 frames\r\n", u"00:00:00.000"_s},
       {"0,1500,3000", u"00:00:00.000,00:01:00.000,00:02:00.000"_s},
@@ -100,23 +94,18 @@ TEST(ChapterList, AsksWhetherFractionsAreFrames) {
 }
 
 TEST(ChapterList, IsReadFromTheEditorsFile) {
-  const QTemporaryDir dir;
-  const QString outDir = HostFiles::ToDos(dir.path());
-  const QString file = CelltimesFile(outDir, u"C:\\v\\My.film.m2v"_s);
-  EXPECT_EQ(file, outDir + u"\\My.film_Celltimes.txt");
+  const test::DriveC drive;
+  const QString file = CelltimesFile(u"C:"_s, u"C:\\v\\My.film.m2v"_s);
+  EXPECT_EQ(file, u"C:\\My.film_Celltimes.txt");
   test::RecordingPrompter prompter;
   EXPECT_FALSE(LoadChapterList(file, 25, prompter));
   ASSERT_TRUE(HostFiles::WriteAtomically(file, "0\r\n250\r\n"));
-  const Result<QString> chapters = LoadChapterList(file, 25, prompter);
-  ASSERT_TRUE(chapters);
-  EXPECT_EQ(*chapters, u"00:00:00.000,00:00:10.000"_s);
-
-  for (const QByteArray& marked : {QByteArray("\xEF\xBB\xBF"
-                                              "1:30\n2:00"),
-                                   QByteArray("\xFF\xFE"
-                                              "1\0:\0003\0000\0,\0002\0:\0000\0000\0",
-                                              20)}) {
-    EXPECT_EQ(ParseChapterList(marked, 25, prompter), u"00:00:00.000,00:01:30,00:02:00"_s);
+  EXPECT_EQ(*LoadChapterList(file, 25, prompter), u"00:00:00.000,00:00:10.000"_s);
+  // Files that begin with a byte order mark.
+  const QByteArray marked[] = {"\xEF\xBB\xBF" + QByteArray("1:30\n2:00"),
+                               QByteArray(reinterpret_cast<const char*>(u"\uFEFF1:30,2:00"), 20)};
+  for (const QByteArray& content : marked) {
+    EXPECT_EQ(ParseChapterList(content, 25, prompter), u"00:00:00.000,00:01:30,00:02:00"_s);
   }
 }
 

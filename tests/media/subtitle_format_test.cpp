@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include "core/settings.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,27 +31,25 @@ TEST(SubtitleFormat, ANewStreamTakesTheFilmsRateAndHeight) {
 }
 
 TEST(SubtitleFormat, FieldsHaveLimits) {
-  const struct {
-    SubField field;
-    QString value;
-    QString error;
-  } cases[] = {
-      {SubField::LeftMargin, u"2"_s, u"Must be more than 2 Pixel"_s},
-      {SubField::LeftMargin, u"3"_s, {}},
-      {SubField::LeftMargin, u""_s, u"Must be more than 2 Pixel"_s},
-      {SubField::RightMargin, u"720"_s, {}},
-      {SubField::RightMargin, u"721"_s, u"Must be less than 720 Pixel"_s},
-      {SubField::TopMargin, u"577"_s, u"Must be less than 576 Pixel"_s},
-      {SubField::BottomMargin, u"x"_s, u"Must be more than 2 Pixel"_s},
-      {SubField::Width, u"1024"_s, {}},
-      {SubField::Width, u"1025"_s, u"Must be less than 1024 Pixel"_s},
-      {SubField::Height, u"576"_s, {}},
-      {SubField::Height, u"600"_s, u"Must be less than 576 Pixel"_s},
-      {SubField::FontSize, u"5.9"_s, u"Must be more than 5 Point"_s},
-      {SubField::FontSize, u"6"_s, {}},
-      {SubField::FontSize, u"100"_s, {}},
-      {SubField::FontSize, u"100.5"_s, u"Must be less than 100 Point"_s},
-      {SubField::FontFace, u""_s, {}},
+  const QString margin = u"Must be more than 2 Pixel"_s;
+  using enum SubField;
+  const std::tuple<SubField, QString, QString> cases[] = {
+      {LeftMargin, u"2"_s, margin},
+      {LeftMargin, u"3"_s, {}},
+      {LeftMargin, u""_s, margin},
+      {RightMargin, u"720"_s, {}},
+      {RightMargin, u"721"_s, u"Must be less than 720 Pixel"_s},
+      {TopMargin, u"577"_s, u"Must be less than 576 Pixel"_s},
+      {BottomMargin, u"x"_s, margin},
+      {Width, u"1024"_s, {}},
+      {Width, u"1025"_s, u"Must be less than 1024 Pixel"_s},
+      {Height, u"576"_s, {}},
+      {Height, u"600"_s, u"Must be less than 576 Pixel"_s},
+      {FontSize, u"5.9"_s, u"Must be more than 5 Point"_s},
+      {FontSize, u"6"_s, {}},
+      {FontSize, u"100"_s, {}},
+      {FontSize, u"100.5"_s, u"Must be less than 100 Point"_s},
+      {FontFace, u""_s, {}},
   };
   for (const auto& [field, value, error] : cases) {
     SubFormat format(kFormat);
@@ -62,12 +59,8 @@ TEST(SubtitleFormat, FieldsHaveLimits) {
 }
 
 TEST(SubtitleFile, IsKnownByItsFirstBytes) {
-  const QTemporaryDir dir;
-  const struct {
-    QString name;
-    QByteArray content;
-    bool fits;
-  } cases[] = {
+  const test::DriveC drive;
+  const std::tuple<QString, QByteArray, bool> cases[] = {
       {u"a.sup"_s, "SP\0\0"_ba, true},
       {u"b.SUP"_s, "S", false},
       {u"c.srt"_s, "1\r\n00:00:01"_ba, true},
@@ -77,7 +70,7 @@ TEST(SubtitleFile, IsKnownByItsFirstBytes) {
       {u"g.srt"_s, {}, true},
   };
   for (const auto& [name, content, fits] : cases) {
-    const QString path = HostFiles::ToDos(dir.path()) + u'\\' + name;
+    const QString path = u"C:\\" + name;
     ASSERT_TRUE(HostFiles::WriteAtomically(path, content));
     EXPECT_EQ(CheckSubtitleFile(path), fits) << name.toStdString();
   }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <set>
 
 #include "core/project.h"
@@ -10,6 +9,7 @@
 #include "media/sub_format_form.h"
 #include "media/video_title.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
 
@@ -96,20 +96,18 @@ TEST(SubFormatForm, OfAStreamAndOfTheSettings) {
 }
 
 TEST(SystemFonts, AreFoundWithTheirViewer) {
-  const QTemporaryDir dir;
-  const QString windows = HostFiles::ToDos(dir.path());
+  const test::DriveC drive({u"Fonts"_s, u"System32"_s});
   test::RecordingPrompter prompter;
-  EXPECT_EQ(FontViewer(windows, prompter), QString());
+  EXPECT_EQ(FontViewer(u"C:"_s, prompter), QString());
   ASSERT_EQ(prompter.boxes.size(), 1U);
   EXPECT_EQ(prompter.boxes[0].text, u"No Player found");
-  for (const QString& sub : {u"\\Fonts"_s, u"\\System32"_s}) ASSERT_TRUE(HostFiles::MakeDir(windows + sub));
-  for (const QString& file : {u"\\Fonts\\b.TTF"_s, u"\\Fonts\\a.ttf"_s, u"\\Fonts\\c.fon"_s, u"\\fontview.exe"_s}) {
-    ASSERT_TRUE(HostFiles::WriteAtomically(windows + file, "x"));
+  for (const QString& file : {u"Fonts\\b.TTF"_s, u"Fonts\\a.ttf"_s, u"Fonts\\c.fon"_s, u"fontview.exe"_s}) {
+    ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\" + file, "x"));
   }
-  EXPECT_EQ(SubtitleFonts(windows), (QStringList{u"a.ttf"_s, u"b.TTF"_s}));
-  EXPECT_EQ(FontViewer(windows, prompter), windows + u"\\fontview.exe");
-  ASSERT_TRUE(HostFiles::WriteAtomically(windows + u"\\System32\\fontview.exe", "x"));
-  EXPECT_EQ(FontViewer(windows, prompter), windows + u"\\system32\\fontview.exe");
+  EXPECT_EQ(SubtitleFonts(u"C:"_s), (QStringList{u"a.ttf"_s, u"b.TTF"_s}));
+  EXPECT_EQ(FontViewer(u"C:"_s, prompter), u"C:\\fontview.exe");
+  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\System32\\fontview.exe"_s, "x"));
+  EXPECT_EQ(FontViewer(u"C:"_s, prompter), u"C:\\system32\\fontview.exe");
 }
 
 }  // namespace

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QTemporaryDir>
-
 #include "media/media_block.h"
 #include "mpeg_pieces.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,9 +32,6 @@ TEST(VideoProbe, TellsWhetherTheClockCanBeUsed) {
 
 class CopyHead : public testing::Test {
  protected:
-  CopyHead() { qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8()); }
-  ~CopyHead() override { qunsetenv("TORVANE_DRIVE_C"); }
-
   /// Number of bytes that the head of a stream has.
   qint64 HeadSize(const QByteArray& stream, int frames) {
     EXPECT_TRUE(HostFiles::WriteAtomically(u"C:\\in.mpg"_s, stream));
@@ -46,7 +41,7 @@ class CopyHead : public testing::Test {
     return head.size();
   }
 
-  QTemporaryDir dir_;
+  DriveC drive_;
 };
 
 /// Blocks of ten pictures each, the last one shorter.
@@ -61,14 +56,12 @@ QByteArray ElementaryBlocks(int blocks) {
 
 TEST_F(CopyHead, CopiesBlocksUntilThereAreEnoughPictures) {
   const QByteArray stream = ElementaryBlocks(4);
-  EXPECT_EQ(HeadSize(stream, 0), kBlockSize);
-  EXPECT_EQ(HeadSize(stream, 10), kBlockSize);
-  EXPECT_EQ(HeadSize(stream, 11), 2 * kBlockSize);
-  EXPECT_EQ(HeadSize(stream, 41), stream.size());
-  EXPECT_EQ(HeadSize(stream, 1000), stream.size());
-  EXPECT_EQ(HeadSize(stream.first(kBlockSize), 1000), kBlockSize);
-  EXPECT_EQ(HeadSize(stream.first(99), 1000), 99);
-  EXPECT_EQ(HeadSize({}, 5), 0);
+  for (const auto& [frames, size] : {std::pair(0, kBlockSize), std::pair(10, kBlockSize), std::pair(11, 2 * kBlockSize),
+                                     std::pair(41, stream.size()), std::pair(1000, stream.size())}) {
+    EXPECT_EQ(HeadSize(stream, frames), size) << frames;
+  }
+  for (const qsizetype size : {kBlockSize, qsizetype(99), qsizetype(0)})
+    EXPECT_EQ(HeadSize(stream.first(size), 1000), size);
 }
 
 TEST_F(CopyHead, GoesOnUntilTheClockAgrees) {

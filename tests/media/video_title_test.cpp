@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <functional>
 
 #include "core/action_strings.h"
 #include "core/default_project.h"
 #include "mpeg_pieces.h"
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
 
@@ -21,8 +21,11 @@ using namespace test;
 
 class VideoTitleTest : public testing::Test {
  protected:
-  VideoTitleTest() : project_(FixedSettings()) { qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8()); }
-  ~VideoTitleTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+  VideoTitle Opened(const FilmRecord& film = LongFilm()) {
+    VideoTitle title(project_, film, prompter_);
+    title.Open();
+    return title;
+  }
 
   static void Put(const QString& path, const QByteArray& content) {
     ASSERT_TRUE(HostFiles::WriteAtomically(path, content)) << path.toStdString();
@@ -56,8 +59,8 @@ class VideoTitleTest : public testing::Test {
     return texts;
   }
 
-  QTemporaryDir dir_;
-  Project project_;
+  DriveC drive_;
+  Project project_{FixedSettings()};
   RecordingPrompter prompter_;
 };
 
@@ -129,8 +132,7 @@ TEST_F(VideoTitleTest, AMultiplexedVideoClosesFields) {
   film.AddSubStream = 3;
   film.Audio.front() = u"C:\\x.ac3"_s;
   prompter_ = RecordingPrompter({Answer::No, Answer::Yes});
-  VideoTitle title(project_, film, prompter_);
-  title.Open();
+  VideoTitle title = Opened(film);
   EXPECT_EQ(title.Fields,
             (VideoTitleFields{.VideoName = u"T_1"_s, .AddStreamNumber = u"3"_s, .Chapters = u"00:00:00.000"_s}));
   EXPECT_EQ(title.Labels(), (VideoLabels{.Multiplexed = true,
@@ -165,75 +167,49 @@ TEST_F(VideoTitleTest, AMultiplexedVideoClosesFields) {
 
 TEST_F(VideoTitleTest, AcceptStopsAtTheFirstFault) {
   Put(u"C:\\44.ac3"_s, Sound(1));
-  struct Case {
-    const char* name;
-    std::function<void(Settings&, FilmRecord&)> prepare;
-    std::function<void(VideoTitle&)> change;
-    QStringList told;
-    bool accepted = false;
-  };
   const QString frequency = u"WARNING: Audio must have 48 kHz sampling frequency!\r\nContinue anyway?"_s;
   const QString resolution =
       u"WARNING: This resolution: 640 x 480 is not compatible with MuxMan!\r\nContinue anyway?"_s;
   const QString rate =
       u"WARNING: The video framerate doesn't fit to the default project settings (NTSC)!\r\nContinue anyway?"_s;
-  const auto subtitles =
-      u"Using Subtitle stream 2 or 3 without Subtitle stream 1 (or 1 & 3 without 2) is not possible!"_s;
-  const auto sounds = u"Using Audio stream 2 or 3 without Audio stream 1 (or 1 & 3 without 2) is not possible!"_s;
-  const auto muxMan = [](Settings& settings, FilmRecord&) { settings.Engine = kEngineMuxMan; };
-  const auto badSize = [](Settings& settings, FilmRecord& film) {
-    settings.Engine = kEngineMuxMan;
-    film.ResH = 640;
-    film.ResV = 480;
+  const QString order = u"Using %1 stream 2 or 3 without %1 stream 1 (or 1 & 3 without 2) is not possible!"_s;
+  enum { MuxMan = 1, BadSize = 2, Ntsc = 4 };
+  using Change = std::function<void(VideoTitle&)>;
+  const auto sound = [](const QString& file) -> Change { return [=](VideoTitle& t) { t.SetAudio(1, file); }; };
+  const auto delay = [](const QString& value) -> Change { return [=](VideoTitle& t) { t.Fields.AudioDelay = value; }; };
+  const Change secondSubtitle = [](VideoTitle& t) { t.Fields.Subtitle[1] = u"x.srt"_s; };
+  const Change firstAndThirdSound = [](VideoTitle& t) { t.Fields.Audio = {u"a.ac3"_s, {}, u"b.ac3"_s}; };
+  const Change delayAndSubtitle = [&](VideoTitle& t) { delay(u"-5001"_s)(t), secondSubtitle(t); };
+  const Change innerStreams = [](VideoTitle& t) { t.Fields.AddStreamNumber = u"32"_s; };
+  const Change soundTakenAway = [&](VideoTitle& t) { sound(u"C:\\no.ac3"_s)(t), t.ClearAudio(1); };
+  const struct {
+    const char* name;
+    int prepared;
+    Change change;
+    QStringList told;
+    bool accepted = false;
+  } cases[] = {
+      {"nothing", 0, {}, {}, true},
+      {"MuxMan takes 720 by 576", MuxMan, {}, {}, true},
+      {"only the second subtitle", 0, secondSubtitle, {order.arg(u"Subtitle"_s)}},
+      {"the first and third sound", 0, firstAndThirdSound, {order.arg(u"Audio"_s)}},
+      {"delay of MuxMan", MuxMan, delay(u"301"_s), {u"Must be smaller than 300!"_s}},
+      {"delay of dvdauthor", 0, delay(u"301"_s), {}, true},
+      {"delay before subtitles", 0, delayAndSubtitle, {u"Must be greater than -5000!"_s}},
+      {"inner streams", 0, innerStreams, {u"Must be smaller than 31!"_s}},
+      {"sound of 44.1 kHz", 0, sound(u"C:\\44.ac3"_s), {frequency}, true},
+      {"unknown sound", 0, sound(u"C:\\no.ac3"_s), {frequency}, true},
+      {"unknown sound taken away", 0, soundTakenAway, {}, true},
+      {"resolution of MuxMan", MuxMan | BadSize, {}, {resolution}, true},
+      {"all in order", MuxMan | BadSize | Ntsc, sound(u"C:\\44.ac3"_s), {frequency, resolution, rate}, true},
   };
-  const Case cases[] = {
-      {"nothing", {}, {}, {}, true},
-      {"MuxMan takes 720 by 576", muxMan, {}, {}, true},
-      {"only the second subtitle", {}, [](VideoTitle& t) { t.Fields.Subtitle[1] = u"x.srt"_s; }, {subtitles}},
-      {"the first and third sound",
-       {},
-       [](VideoTitle& t) {
-         t.Fields.Audio = {u"a.ac3"_s, {}, u"b.ac3"_s};
-       },
-       {sounds}},
-      {"delay of MuxMan",
-       muxMan,
-       [](VideoTitle& t) { t.Fields.AudioDelay = u"301"_s; },
-       {u"Must be smaller than 300!"_s}},
-      {"delay of dvdauthor", {}, [](VideoTitle& t) { t.Fields.AudioDelay = u"301"_s; }, {}, true},
-      {"delay before subtitles",
-       {},
-       [](VideoTitle& t) {
-         t.Fields.AudioDelay = u"-5001"_s;
-         t.Fields.Subtitle[1] = u"x.srt"_s;
-       },
-       {u"Must be greater than -5000!"_s}},
-      {"inner streams", {}, [](VideoTitle& t) { t.Fields.AddStreamNumber = u"32"_s; }, {u"Must be smaller than 31!"_s}},
-      {"sound of 44.1 kHz", {}, [](VideoTitle& t) { t.SetAudio(1, u"C:\\44.ac3"_s); }, {frequency}, true},
-      {"unknown sound", {}, [](VideoTitle& t) { t.SetAudio(1, u"C:\\no.ac3"_s); }, {frequency}, true},
-      {"unknown sound taken away",
-       {},
-       [](VideoTitle& t) {
-         t.SetAudio(1, u"C:\\no.ac3"_s);
-         t.ClearAudio(1);
-       },
-       {},
-       true},
-      {"resolution of MuxMan", badSize, {}, {resolution}, true},
-      {"all in order",
-       [&](Settings& settings, FilmRecord& film) {
-         badSize(settings, film);
-         settings.VideoNormPal = false;
-       },
-       [](VideoTitle& t) { t.SetAudio(1, u"C:\\44.ac3"_s); },
-       {frequency, resolution, rate},
-       true},
-  };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Project project(FixedSettings());
+    if (c.prepared & MuxMan) project.Settings.Engine = kEngineMuxMan;
+    if (c.prepared & Ntsc) project.Settings.VideoNormPal = false;
     FilmRecord film = LongFilm();
-    if (c.prepare) c.prepare(project.Settings, film);
+    if (c.prepared & BadSize) film.ResH = 640, film.ResV = 480;
     VideoTitle title(project, film, prompter_);
     title.Open();
     if (c.change) c.change(title);
@@ -255,22 +231,19 @@ TEST_F(VideoTitleTest, SoundIsLookedForOnlyWhereThereIsNone) {
   Put(u"C:\\A.MPA"_s, Bytes({0xFF, 0xFD, 0xA0, 0}));
   FilmRecord film = LongFilm();
   film.Audio = {u"C:\\gone.ac3"_s, u"A.MPA"_s, QString()};
-  VideoTitle stored(project_, film, prompter_);
-  stored.Open();
+  VideoTitle stored = Opened(film);
   EXPECT_EQ(stored.AudioInfoLine(1), Label());
   EXPECT_EQ(stored.AudioInfoLine(2),
             (Label{u"Info: Bitrate=192  Sampl.Freq=44100  Duration=00:00:00.000  Size=0MB"_s, true}));
   EXPECT_EQ(stored.Accept()->Audio, (std::array<QString, 3>{u"C:\\gone.ac3"_s, u"C:\\A.MPA"_s, QString()}));
 
   film.Audio = {};
-  VideoTitle silent(project_, film, prompter_);
-  silent.Open();
+  VideoTitle silent = Opened(film);
   EXPECT_EQ(silent.Fields.Audio.front(), u"C:\\a.mp2");
 }
 
 TEST_F(VideoTitleTest, ShrinkTargets) {
-  VideoTitle title(project_, LongFilm(), prompter_);
-  title.Open();
+  VideoTitle title = Opened();
   EXPECT_EQ(title.TotalSize(), 1039);
   title.Fields.Shrink = true;
   EXPECT_FALSE(title.CheckShrink());
@@ -279,7 +252,7 @@ TEST_F(VideoTitleTest, ShrinkTargets) {
 
   const QString low = u"New video size must be greater than 10% of current Video size"_s;
   const QString high = u"New video size must be smaller than current Video size"_s;
-  struct Case {
+  const struct {
     QString size;
     QStringList told;
     QString shown;  // of the size and the factor
@@ -296,7 +269,7 @@ TEST_F(VideoTitleTest, ShrinkTargets) {
       {u"335"_s, {}, u"335 33%"_s, 374, true},
       {u""_s, {}, u" "_s, 1039, true},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.size.toStdString());
     title.Fields.NewVideoSize = c.size;
     title.Fields.Shrink = true;
@@ -316,20 +289,18 @@ TEST_F(VideoTitleTest, ShrinkTargets) {
   FilmRecord shrunk = LongFilm();
   shrunk.SizeMB = 8000;
   shrunk.ShrinkTo = 4400;
-  VideoTitle stored(project_, shrunk, prompter_);
-  stored.Open();
+  VideoTitle stored = Opened(shrunk);
   EXPECT_EQ(stored.Fields.NewVideoSize + u' ' + stored.Fields.Factor, u"4,400 55%");
   EXPECT_EQ(stored.Accept()->ShrinkTo, 4400);
   shrunk.MpegVersion = u"1"_s;
-  VideoTitle old(project_, shrunk, prompter_);
-  old.Open();
+  VideoTitle old = Opened(shrunk);
   EXPECT_FALSE(old.Labels().ShrinkEnabled || old.Fields.Shrink);
 }
 
 TEST_F(VideoTitleTest, NamesWithSpecialCharacters) {
   const QString change = u"The file/path contains special characters (like ö,ä,ü...), "_s;
   const QString tool = change + u"dvdauthor may not work properly, please change!";
-  struct Case {
+  const struct {
     QString path;
     QString name;  // that the user has chosen before
     QString shown;
@@ -342,19 +313,17 @@ TEST_F(VideoTitleTest, NamesWithSpecialCharacters) {
       {u"C:\\v\\ü.mpg"_s, u"ü"_s, u"ü"_s, {tool}},
       {u"C:\\v\\a.mpg"_s, u"a"_s, u"a"_s, {}},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     FilmRecord film = LongFilm();
     film.VideoFile = c.path;
     film.Name = c.name;
-    VideoTitle title(project_, film, prompter_);
-    title.Open();
+    VideoTitle title = Opened(film);
     EXPECT_EQ(title.Fields.VideoName, c.shown);
     EXPECT_EQ(Told(), c.told);
   }
   project_.Settings.Engine = kEngineMuxMan;
   Put(u"C:\\ü.sup"_s, "SP");
-  VideoTitle title(project_, LongFilm(), prompter_);
-  title.Open();
+  VideoTitle title = Opened();
   EXPECT_TRUE(title.SetSubtitle(1, u"C:\\ü.sup"_s));
   Put(u"C:\\x.sup"_s, "S");
   EXPECT_FALSE(title.SetSubtitle(1, u"C:\\x.sup"_s));
@@ -368,14 +337,14 @@ TEST_F(VideoTitleTest, WarnsOfAnotherFormatInTheSameTitleset) {
   project_.ProjectResH = 720;
   project_.ProjectResV = 576;
   project_.ProjectAspect = u"4:3"_s;
-  VideoTitle(project_, LongFilm(), prompter_).Open();
+  Opened();
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_EQ(prompter_.boxes[0].kind, BoxKind::Error);
   EXPECT_EQ(Told().front(),
             u"Warning: Video properties changed!\r\nOld XRes = 720   New  XRes = 720\r\nOld YRes = 576   New  YRes = "
             u"576\r\nOld FPS =  25   New  FPS =  25\r\nOld AR =   4:3   New  AR =   16:9");
   project_.Settings.NoTitleSets = false;
-  VideoTitle(project_, LongFilm(), prompter_).Open();
+  Opened();
   EXPECT_EQ(Told(), QStringList());
 }
 
@@ -388,8 +357,7 @@ TEST_F(VideoTitleTest, ChaptersComeByThemselvesOrFromTheEditor) {
     QString StoredAutoCropVal() override { return u"16"_s; }
     QStringList commands;
   } host;
-  VideoTitle title(project_, LongFilm(), prompter_);
-  title.Open();
+  VideoTitle title = Opened();
   EXPECT_FALSE(title.EditChapters(ChapterEditorMode::Interactive, host));
   EXPECT_EQ(Told(), QStringList{u"ChapEditTVN.exe not found in C:\\App !"_s});
 
@@ -409,14 +377,12 @@ TEST_F(VideoTitleTest, ChaptersComeByThemselvesOrFromTheEditor) {
 
   project_.Settings.AutoChapter = 2;
   project_.Settings.AutoChapterNum = 3;
-  VideoTitle automatic(project_, LongFilm(), prompter_);
-  automatic.Open();
+  VideoTitle automatic = Opened();
   EXPECT_EQ(automatic.Fields.Chapters, u"00:00:00,00:20:00,00:40:00");
 }
 
 TEST_F(VideoTitleTest, PalettesOfFiles) {
-  VideoTitle title(project_, LongFilm(), prompter_);
-  title.Open();
+  VideoTitle title = Opened();
   Put(u"C:\\good.rgb"_s, QByteArray("FF0000\r\n").repeated(16));
   ASSERT_TRUE(title.ReadPalette(u"C:\\good.rgb"_s));
   const QString good = title.SubColors();
