@@ -16,9 +16,7 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-
-/// Seconds by which a chapter or a film's end may miss what the project says.
-constexpr double tolerance = 0.5;
+using testing::Pointwise;
 
 /// Buttons of the sample's menus.
 constexpr int submenuButton = 3;
@@ -45,14 +43,9 @@ std::map<QString, QByteArray> VideoFiles(const Workshop& workshop) {
   return files;
 }
 
-void ExpectChapters(const std::vector<double>& found, const std::vector<double>& wanted) {
-  ASSERT_EQ(found.size(), wanted.size());
-  for (std::size_t i = 0; i < wanted.size(); ++i) EXPECT_NEAR(found[i], wanted[i], tolerance) << "chapter " << i + 1;
-}
-
 void ExpectWholeFilm(const PlayedTitle& played, const ProjectText& project) {
   SCOPED_TRACE(testing::Message() << "title " << played.title);
-  ExpectChapters(played.chapterStarts, project.ChapterStarts(played.title));
+  EXPECT_THAT(played.chapterStarts, Pointwise(testing::DoubleNear(tolerance), project.ChapterStarts(played.title)));
   EXPECT_NEAR(played.seconds, project.Seconds(played.title), tolerance);
   EXPECT_GT(played.videoBlocks, 1000);
   EXPECT_GT(played.soundBlocks, 100);

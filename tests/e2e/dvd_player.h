@@ -12,6 +12,9 @@ typedef struct dvdnav_s dvdnav_t;
 
 namespace torvane::test {
 
+/// Seconds by which a chapter or a film's end may miss what the project says.
+inline constexpr double tolerance = 0.5;
+
 /// Where a player stands on a disc.
 struct DiscPlace {
   enum class Domain { FirstPlay, VmgmMenu, TitlesetMenu, Title, Stopped };

@@ -69,10 +69,6 @@ void ProjectText::SetValue(const QString& key, const QString& value) {
   SetAttribute(key, u"Caption"_s, Attribute(key, u"Caption"_s).section(u'=', 0, 0) + u'=' + value);
 }
 
-void ProjectText::SetTag(const QString& key, const QString& tag) {
-  SetAttribute(key, u"Tag"_s, tag);
-}
-
 void ProjectText::SetSetting(const QString& attribute, const QString& value) {
   Replace(text_, QRegularExpression(u" %1=\"([^\"]*)\""_s.arg(attribute)), value);
 }

@@ -28,7 +28,7 @@ class ProjectText {
   /// Replaces what stands behind the "=" of a caption.
   void SetValue(const QString& key, const QString& value);
 
-  void SetTag(const QString& key, const QString& tag);
+  void SetTag(const QString& key, const QString& tag) { SetAttribute(key, QStringLiteral("Tag"), tag); }
 
   /// Replaces the value of an attribute of one of the settings elements, for example NOMENUS.
   void SetSetting(const QString& attribute, const QString& value);

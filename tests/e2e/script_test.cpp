@@ -13,8 +13,6 @@ namespace {
 
 using Domain = DiscPlace::Domain;
 
-constexpr double tolerance = 0.5;
-
 TEST(ScriptTest, MakesADiscWhoseButtonsLeadWhereTheySay) {
   const QTemporaryDir dir;
   const CliResult made = RunProgram(QStringLiteral(TORVANE_SAMPLES_DIR "/make-disc-by-script.sh"), {u"my island"_s},

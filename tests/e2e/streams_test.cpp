@@ -24,7 +24,8 @@ namespace {
 using testing::ElementsAre;
 using testing::Pointwise;
 
-constexpr double tolerance = 0.05;
+/// Seconds by which a subtitle or a chapter may be early or late.
+constexpr double startTolerance = 0.05;
 constexpr int supSeconds = 4;
 
 QByteArray Cue(int number, const QByteArray& from, const QByteArray& to, const QByteArray& text) {
@@ -180,9 +181,9 @@ TEST(StreamsTest, EverythingOfAFilmIsOnTheDisc) {
   EXPECT_EQ(probe.kinds, (std::map<std::string, int>{
                              {"ac3", 2}, {"dvd_nav_packet", 1}, {"dvd_subtitle", 3}, {"mp2", 1}, {"mpeg2video", 1}}));
   ASSERT_EQ(probe.shown.size(), 3U);
-  EXPECT_THAT(probe.shown.at(0x20), Pointwise(testing::DoubleNear(tolerance), {2.0, 8.0}));
-  EXPECT_THAT(probe.shown.at(0x21), Pointwise(testing::DoubleNear(tolerance), {3.0}));
-  EXPECT_THAT(probe.shown.at(0x22), Pointwise(testing::DoubleNear(tolerance), {double(supSeconds)}));
+  EXPECT_THAT(probe.shown.at(0x20), Pointwise(testing::DoubleNear(startTolerance), {2.0, 8.0}));
+  EXPECT_THAT(probe.shown.at(0x21), Pointwise(testing::DoubleNear(startTolerance), {3.0}));
+  EXPECT_THAT(probe.shown.at(0x22), Pointwise(testing::DoubleNear(startTolerance), {double(supSeconds)}));
   const std::optional<Subpicture> shown = FirstPicture(ContentOf(film), 2);
   ASSERT_TRUE(shown);
   EXPECT_EQ(Shown(*shown, colours), Shown(Picture(), colours));
@@ -192,8 +193,8 @@ TEST(StreamsTest, EverythingOfAFilmIsOnTheDisc) {
   ASSERT_EQ(player->Settle().domain, DiscPlace::Domain::VmgmMenu);
   ASSERT_EQ(player->Press(1), DiscPlace::Chapter(1, 1));
   const PlayedTitle played = player->PlayToEnd();
-  EXPECT_THAT(played.chapterStarts, Pointwise(testing::DoubleNear(tolerance), {0.0, 7.2, 15.6}));
-  EXPECT_NEAR(played.seconds, 24, 0.5);
+  EXPECT_THAT(played.chapterStarts, Pointwise(testing::DoubleNear(startTolerance), {0.0, 7.2, 15.6}));
+  EXPECT_NEAR(played.seconds, 24, tolerance);
 }
 
 }  // namespace

@@ -26,8 +26,6 @@ namespace {
 
 using Domain = DiscPlace::Domain;
 
-constexpr double tolerance = 0.5;
-
 /// A project that is made by the program's own editing operations in a workshop's folder.
 class TitlesetDisc {
  public:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QRandomGenerator>
+#include <functional>
 
 #include "core/edit.h"
 #include "support/project_state.h"
@@ -45,40 +46,34 @@ class RandomChanges {
     const auto key = [this] { return QString::number(Below(40)); };
     const auto text = [this] { return QString::number(Below(5)); };
     const auto relation = static_cast<Relation>(Below(5));
-    switch (Below(16)) {
-      case 0:
-        if (Below(40) == 0) tree.Clear();
-        break;
-      case 1:
-        tree.Remove(key());
-        break;
-      case 2:
-      case 3:
-        tree.SetCaption(key(), text());
-        break;
-      case 4:
-        tree.SetTag(key(), text());
-        break;
-      case 5:
-      case 6:
-      case 7:
-        tree.Move(key(), key(), relation);
-        break;
-      case 8:
-        tree.Add({key(), text(), text(), 1 + Below(7)});
-        break;
-      case 9:
-        project_.SubMenuTable[Below(1000)] = {true, Below(9), key(), text(), key()};
-        break;
-      case 10:
-        project_.FilmCount = Below(99);
-        break;
-      case 11:
-        project_.Settings.DefBackButtonText = text();
-        break;
-      default:
-        tree.Add({key(), text(), text(), 1 + Below(7)}, key(), relation);
-    }
+    const auto setCaption = [&] { tree.SetCaption(key(), text()); };
+    const auto move = [&] { tree.Move(key(), key(), relation); };
+    const auto addBeside = [&] { tree.Add({key(), text(), text(), 1 + Below(7)}, key(), relation); };
+    const std::function<void()> changes[] = {
+        [&] {
+          if (Below(40) == 0) tree.Clear();
+        },
+        [&] { tree.Remove(key()); },
+        setCaption,
+        setCaption,
+        [&] { tree.SetTag(key(), text()); },
+        move,
+        move,
+        move,
+        [&] {
+          tree.Add({key(), text(), text(), 1 + Below(7)});
+        },
+        [&] {
+          project_.SubMenuTable[Below(1000)] = {true, Below(9), key(), text(), key()};
+        },
+        [&] { project_.FilmCount = Below(99); },
+        [&] { project_.Settings.DefBackButtonText = text(); },
+        addBeside,
+        addBeside,
+        addBeside,
+        addBeside,
+    };
+    changes[Below(int(std::size(changes)))]();
   }
 
   Project& project_;

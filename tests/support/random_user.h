@@ -118,28 +118,22 @@ class RandomUser {
   }
 
   void Less(const QString& menu) {
-    switch (Below(5)) {
-      case 0:
-        ShrinkToSize(bench_.context, QString::number(Below(10000)));
-        break;
-      case 1:
-        DeleteGroup(bench_.context, menu, ElementGroup(Below(6)));
-        break;
-      case 2: {
-        FilmRecord film = AnyFilm();
-        const int number = 1 + Below(4);
-        if (!FilmView(bench_.project.Tree, number).IsAudioTitleSet()) EditFilm(bench_.context, number, film);
-        break;
-      }
-      case 3:
-        SwitchMenu(bench_.project, menu, bench_.prompter);
-        break;
-      default:
-        CopyMenuLayout(bench_.context, menu, AnyMenu(),
-                       {Below(2) == 0, Below(2) == 0, Below(2) == 0, Below(2) == 0, Below(2) == 0, Below(2) == 0,
-                        Below(2) == 0, Below(2) == 0});
-        break;
-    }
+    const auto flip = [this] { return Below(2) == 0; };
+    const std::function<void()> changes[] = {
+        [&] { ShrinkToSize(bench_.context, QString::number(Below(10000))); },
+        [&] { DeleteGroup(bench_.context, menu, ElementGroup(Below(6))); },
+        [&] {
+          const FilmRecord film = AnyFilm();
+          const int number = 1 + Below(4);
+          if (!FilmView(bench_.project.Tree, number).IsAudioTitleSet()) EditFilm(bench_.context, number, film);
+        },
+        [&] { SwitchMenu(bench_.project, menu, bench_.prompter); },
+        [&] {
+          CopyMenuLayout(bench_.context, menu, AnyMenu(),
+                         {flip(), flip(), flip(), flip(), flip(), flip(), flip(), flip()});
+        },
+    };
+    changes[Below(int(std::size(changes)))]();
   }
 
   std::mt19937 random_;
