@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
-#include "cli/commands.h"
+#include "cli_bench.h"
 #include "media/mpeg_pieces.h"
-#include "platform/host_files.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -14,34 +10,12 @@ namespace torvane {
 namespace {
 
 using namespace test;
-
-class MediaCommandsTest : public testing::Test {
- protected:
-  MediaCommandsTest() { qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8()); }
-  ~MediaCommandsTest() override { qunsetenv("TORVANE_DRIVE_C"); }
-
-  int Run(const QStringList& arguments) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    const int code = RunCli(QStringList{u"--profile"_s, u"C:\\p"_s} + arguments);
-    out_ = QString::fromStdString(testing::internal::GetCapturedStdout());
-    error_ = QString::fromStdString(testing::internal::GetCapturedStderr());
-    return code;
-  }
-
-  void Write(const QString& name, const QByteArray& content) {
-    ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\" + name, content));
-  }
-
-  QTemporaryDir dir_;
-  QString out_;
-  QString error_;
-};
+using MediaCommandsTest = CliTest;
 
 TEST_F(MediaCommandsTest, AnalysePrintsOneRecordALine) {
-  Write(u"a.vob"_s, Sequence(720, 480, 3, 4) + SequenceExtension() + Gop(0, 0, 0, 0, true) + Pictures(30));
-  Write(u"a.mp2"_s, Bytes({0xFF, 0xFD, 0xA4, 0x00}) + QByteArray(23996, '\0'));
-  EXPECT_EQ(Run({u"analyse"_s, u"C:\\a.vob"_s, dir_.path() + u"/a.mp2"}), kExitDone) << error_.toStdString();
+  drive_.Write(u"a.vob"_s, Sequence(720, 480, 3, 4) + SequenceExtension() + Gop(0, 0, 0, 0, true) + Pictures(30));
+  drive_.Write(u"a.mp2"_s, Bytes({0xFF, 0xFD, 0xA4, 0x00}) + QByteArray(23996, '\0'));
+  EXPECT_EQ(Run(uR"(analyse C:\a.vob )" + drive_.Host(u"a.mp2"_s)), kExitDone) << error_.toStdString();
   const QByteArrayList lines = out_.toUtf8().split('\n');
   ASSERT_EQ(lines.size(), 3);
   const auto record = [](const QByteArray& json) { return QJsonDocument::fromJson(json).object(); };
@@ -59,9 +33,9 @@ TEST_F(MediaCommandsTest, AnalysePrintsOneRecordALine) {
 }
 
 TEST_F(MediaCommandsTest, AnalyseTellsWhatItDoesNotKnow) {
-  Write(u"a.m2v"_s, "text");
-  Write(u"a.ac3"_s, "text");
-  EXPECT_EQ(Run({u"analyse"_s, u"C:\\a.m2v"_s, u"C:\\a.ac3"_s, u"C:\\missing.vob"_s}), kExitFailed);
+  drive_.Write(u"a.m2v"_s, "text");
+  drive_.Write(u"a.ac3"_s, "text");
+  EXPECT_EQ(Run(uR"(analyse C:\a.m2v C:\a.ac3 C:\missing.vob)"_s), kExitFailed);
   EXPECT_EQ(error_,
             u"error: No sequenz header found! C:\\a.m2v\nerror: The kind of this audio file is not known: C:\\a.ac3\n"
             "error: There is no file C:\\missing.vob\n"_s);
@@ -69,29 +43,27 @@ TEST_F(MediaCommandsTest, AnalyseTellsWhatItDoesNotKnow) {
 }
 
 TEST_F(MediaCommandsTest, ChaptersAreReadAndMeasured) {
-  Write(u"c.txt"_s, "00:10:00.12\n00:20:00.13\n");
-  EXPECT_EQ(
-      Run({u"chapters"_s, u"C:\\c.txt"_s, u"--fps"_s, u"25"_s, u"--frames"_s, u"yes"_s, u"--duration"_s, u"1200"_s}),
-      kExitDone);
+  drive_.Write(u"c.txt"_s, "00:10:00.12\n00:20:00.13\n");
+  EXPECT_EQ(Run(uR"(chapters C:\c.txt --fps 25 --frames yes --duration 1200)"_s), kExitDone);
   EXPECT_EQ(out_, u"00:00:00.000,00:10:00.480,00:20:00.520\n"_s);
   EXPECT_TRUE(error_.endsWith(
       u"Recalculate frames? [Yes]\nwarning: The chapter 00:20:00.520 lies behind the end of the film.\n"))
       << error_.toStdString();
-  EXPECT_EQ(Run({u"--assume"_s, u"no"_s, u"chapters"_s, u"C:\\c.txt"_s, u"--fps"_s, u"25"_s}), kExitDone);
+  EXPECT_EQ(Run(uR"(--assume no chapters C:\c.txt --fps 25)"_s), kExitDone);
   EXPECT_EQ(out_, u"00:00:00.000,00:10:00.120,00:20:00.130\n"_s);
-  EXPECT_EQ(Run({u"chapters"_s, u"C:\\missing.txt"_s, u"--fps"_s, u"25"_s}), kExitFailed);
+  EXPECT_EQ(Run(uR"(chapters C:\missing.txt --fps 25)"_s), kExitFailed);
 }
 
 TEST_F(MediaCommandsTest, PalettesAreShownAndConverted) {
-  Write(u"p.pal"_s, QByteArray("108080\r\n").repeated(15) + "010000\r\n");
+  drive_.Write(u"p.pal"_s, QByteArray("108080\r\n").repeated(15) + "010000\r\n");
   const QString black = u"8421392,"_s.repeated(15);
-  EXPECT_EQ(Run({u"--assume"_s, u"no"_s, u"palette"_s, u"C:\\p.pal"_s}), kExitDone);
+  EXPECT_EQ(Run(uR"(--assume no palette C:\p.pal)"_s), kExitDone);
   EXPECT_EQ(out_, QString(black + u"1\n" + u"0, 0, 0\n"_s.repeated(15) + u"0, 137, 0\n"));
   EXPECT_TRUE(error_.contains(u"Color15: OrigPaletteValue=010000; RGB->YCrCbValue:554E58\n")) << error_.toStdString();
-  EXPECT_EQ(Run({u"palette"_s, u"C:\\p.pal"_s}), kExitDone);
+  EXPECT_EQ(Run(uR"(palette C:\p.pal)"_s), kExitDone);
   EXPECT_FALSE(out_.contains(u",1\n"));
-  Write(u"q.pal"_s, "text");
-  EXPECT_EQ(Run({u"palette"_s, u"C:\\q.pal"_s}), kExitFailed);
+  drive_.Write(u"q.pal"_s, "text");
+  EXPECT_EQ(Run(uR"(palette C:\q.pal)"_s), kExitFailed);
   EXPECT_EQ(error_, u"error: Illegal file\n"_s);
 }
 

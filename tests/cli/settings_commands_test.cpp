@@ -1,54 +1,28 @@
-#include "cli/settings_commands.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QTemporaryDir>
-
-#include "cli/commands.h"
-#include "core/settings_table.h"
-#include "platform/host_files.h"
+#include "cli_bench.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
 
-class SettingsCommandsTest : public testing::Test {
+class SettingsCommandsTest : public test::CliTest {
  protected:
-  int Run(const QStringList& arguments) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    const int code =
-        RunCli(QStringList{u"--profile"_s, Path(u"profile"_s), u"--set"_s, u"OutDir=" + dir_.path()} + arguments);
-    out_ = QString::fromStdString(testing::internal::GetCapturedStdout());
-    error_ = QString::fromStdString(testing::internal::GetCapturedStderr());
-    return code;
-  }
-
   QString Get(const QString& key) {
-    EXPECT_EQ(Run({u"settings"_s, u"get"_s, key}), kExitDone) << error_.toStdString();
+    EXPECT_EQ(Run(u"settings get " + key), kExitDone) << error_.toStdString();
     return out_;
   }
-
-  QString Path(const QString& name) const { return dir_.path() + u'/' + name; }
-
-  QTemporaryDir dir_;
-  QString out_;
-  QString error_;
 };
 
 TEST_F(SettingsCommandsTest, StoresValuesAndShowsThem) {
   EXPECT_EQ(Get(u"RasterX"_s), u"16\n"_s);
-  ASSERT_EQ(Run({u"settings"_s, u"set"_s, u"RasterX=8"_s, u"DefBackButtonText=100% = all"_s, u"InDir="_s + dir_.path()}),
-            kExitDone);
+  ASSERT_EQ(Run(uR"(settings set RasterX=8 "DefBackButtonText=100% = all" InDir=)" + drive_.Path()), kExitDone);
   EXPECT_EQ(out_, QString());
   EXPECT_EQ(Get(u"RasterX"_s), u"8\n"_s);
   EXPECT_EQ(Get(u"DefBackButtonText"_s), u"100% = all\n"_s);
-  EXPECT_EQ(Get(u"InDir"_s), HostFiles::ToDos(dir_.path()) + u'\n');
+  EXPECT_EQ(Get(u"InDir"_s), HostFiles::ToDos(drive_.Path()) + u'\n');
   EXPECT_EQ(Get(u"OutDir"_s), u"\n"_s) << "what is given for one run is not stored";
 
-  ASSERT_EQ(Run({u"settings"_s, u"list"_s}), kExitDone);
+  ASSERT_EQ(Run(u"settings list"_s), kExitDone);
   EXPECT_TRUE(out_.startsWith(u"LangID=1000\nAskForSave=1\n")) << out_.toStdString();
   EXPECT_TRUE(out_.contains(u"\nRasterX=8\nRasterY=16\n"));
   EXPECT_TRUE(ParseSettingsFile(out_.toUtf8(), u"list"_s));
@@ -66,28 +40,25 @@ TEST_F(SettingsCommandsTest, RefusesWhatIsNoSettingAndStoresNothingThen) {
            {u"get Nothing"_s, u"there is no setting \"Nothing\""_s},
            {u"get"_s, u"The command is: settings list, settings get KEY, or settings set KEY=VALUE..."_s},
            {u"list all"_s, u"The command is: settings list, settings get KEY, or settings set KEY=VALUE..."_s}}) {
-    EXPECT_EQ(Run(QStringList{u"settings"_s} + arguments.split(u' ')), kExitUsage) << arguments.toStdString();
+    EXPECT_EQ(Run(u"settings " + arguments), kExitUsage) << arguments.toStdString();
     EXPECT_EQ(error_, u"torvane-cli: " + reason + u"\nTry: torvane-cli --help\n");
   }
-  EXPECT_EQ(Run({u"preset"_s, u"show"_s, u"x.tvp"_s}), kExitUsage);
-  EXPECT_FALSE(QDir(Path(u"profile"_s)).exists());
+  EXPECT_EQ(Run(u"preset show x.tvp"_s), kExitUsage);
+  EXPECT_FALSE(HostFiles::DirExists(u"C:\\s"_s));
 }
 
 TEST_F(SettingsCommandsTest, APresetCarriesTheLookToAnotherProfile) {
-  ASSERT_EQ(Run({u"--set"_s, u"RasterX=6"_s, u"--set"_s, u"DefBackButtonText=Home"_s, u"preset"_s, u"save"_s,
-                 Path(u"look"_s)}),
-            kExitDone)
-      << error_.toStdString();
-  ASSERT_EQ(Run({u"preset"_s, u"load"_s, Path(u"look.tvp"_s)}), kExitDone) << error_.toStdString();
+  ASSERT_EQ(Run(uR"(--set RasterX=6 --set DefBackButtonText=Home preset save C:\look)"_s), kExitDone);
+  ASSERT_EQ(Run(uR"(preset load C:\look.tvp)"_s), kExitDone) << error_.toStdString();
   EXPECT_EQ(Get(u"RasterX"_s), u"6\n"_s);
   EXPECT_EQ(Get(u"DefBackButtonText"_s), u"Home\n"_s);
 
-  ASSERT_TRUE(HostFiles::WriteAtomically(HostFiles::ToDos(Path(u"part.tvp"_s)), "[CustImageSizeX]=77 wide\n"));
-  ASSERT_EQ(Run({u"preset"_s, u"load"_s, Path(u"part.tvp"_s)}), kExitDone);
+  drive_.Write(u"part.tvp"_s, "[CustImageSizeX]=77 wide\n");
+  ASSERT_EQ(Run(uR"(preset load C:\part.tvp)"_s), kExitDone);
   EXPECT_EQ(Get(u"ImageSizeX"_s), u"77\n"_s);
   EXPECT_EQ(Get(u"RasterX"_s), u"6\n"_s);
 
-  EXPECT_EQ(Run({u"preset"_s, u"load"_s, Path(u"missing.tvp"_s)}), kExitFailed);
+  EXPECT_EQ(Run(uR"(preset load C:\missing.tvp)"_s), kExitFailed);
   EXPECT_TRUE(error_.contains(u"missing.tvp")) << error_.toStdString();
 }
 

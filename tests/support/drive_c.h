@@ -1,7 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QDir>
 #include <QTemporaryDir>
+
+#include "platform/host_files.h"
 
 namespace torvane::test {
 
@@ -17,6 +21,14 @@ class DriveC {
   DriveC& operator=(const DriveC&) = delete;
 
   QString Path() const { return dir_.path(); }
+  /// The host's path of a file on the drive: "a/b.txt".
+  QString Host(const QString& relative) const { return dir_.path() + u'/' + relative; }
+
+  /// Makes a file with the folders that lead to it.
+  void Write(const QString& relative, const QByteArray& content = "x") const {
+    QDir(dir_.path()).mkpath(QFileInfo(relative).path());
+    ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\" + relative, content)) << relative.toStdString();
+  }
 
  private:
   QTemporaryDir dir_;

@@ -25,13 +25,7 @@ struct EditBench {
     project.History.Reset();
   }
 
-  /// Texts of all boxes shown so far, which are then forgotten.
-  QStringList Told() {
-    QStringList texts;
-    for (const Box& box : prompter.boxes) texts << box.text;
-    prompter.boxes.clear();
-    return texts;
-  }
+  QStringList Told() { return prompter.Told(); }
 
   QString Caption(const QString& key) const {
     const ProjectNode* node = project.Tree.Find(key);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QStringList>
 #include <deque>
+#include <utility>
 #include <vector>
 
 #include "core/prompter.h"
@@ -18,6 +20,13 @@ class RecordingPrompter : public Prompter {
     const Answer answer = answers_.front();
     answers_.pop_front();
     return answer;
+  }
+
+  /// Texts of all boxes shown so far, which are then forgotten.
+  QStringList Told() {
+    QStringList texts;
+    for (const Box& box : std::exchange(boxes, {})) texts << box.text;
+    return texts;
   }
 
   std::vector<Box> boxes;
