@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/play_list.h"
+#include "support/golden.h"
 #include "support/project_builder.h"
 #include "support/tree_dump.h"
 
@@ -23,61 +24,18 @@ AudioTitleStore TwoTitles() {
   return store;
 }
 
-const QString kNodes =
-    uR"(F1|Film1(AudioTitleSet)|MM|1
- FP1|Name=Songs|3|7
-  FPA1|AudioTitles=2|2|1
-   FPA1#01|Title01=One||1
-    FPA1#01FILE|File=C:\a\1.mp2||1
-    FPA1#01ARTIST|Artist=Ann||1
-    FPA1#01ALBUM|Album=Red||1
-    FPA1#01IMAGE|Image=C:\p\1.png||1
-    FPA1#01SIZE|Size=5000000||1
-   FPA1#02|Title02=Two||1
-    FPA1#02FILE|File=C:\a\2.mp2||1
-    FPA1#02ARTIST|Artist=Ann||1
-    FPA1#02ALBUM|Album=Red||1
-    FPA1#02IMAGE|Image=C:\p\2.png||1
-    FPA1#02SIZE|Size=6000000||1
-  FPAL1|AudioTSLayout|1|1
-   FPALAFont1|AuthorTextFont=Arial\12\0\0\0\0||1
-   FPALAColor1|AuthorTextColor=128,255,255||1
-   FPALAXPos1|AuthorTextXPos=100||1
-   FPALAYPos1|AuthorTextYPos=100||1
-   FPALBFont1|AlbumTextFont=Arial\12\0\0\0\0||1
-   FPALBColor1|AlbumTextColor=128,255,255||1
-   FPALBXPos1|AlbumTextXPos=100||1
-   FPALBYPos1|AlbumTextYPos=200||1
-   FPALTFont1|TitleTextFont=Arial\12\0\0\0\0||1
-   FPALTColor1|TitleTextColor=128,255,255||1
-   FPALTXPos1|TitleTextXPos=100||1
-   FPALTYPos1|TitleTextYPos=300||1
-   FPALBlur1|UseBlur=0||1
-   FPALBlurX1|BlurX=50||1
-   FPALBlurY1|BlurY=100||1
-  FPTS1|TotalSize(MB)=10||1
-  FPAni1|Animated=0|MM|1
-  FPPostAct1|Post Action=exit;||1
-)"_s;
-
-TEST(AudioTitleSet, HasItsNodesInStoredOrderAndReadsBack) {
+TEST(AudioTitleSet, HasItsNodesInStoredOrderAndReadsBackWithAnyNumberOfTitles) {
   Project project(test::FixedSettings());
   AddDefaultProject(project);
   AddAudioTitleSetSubtree(project, TwoTitles(), MainMenuKey(), 3);
-  EXPECT_EQ(test::DumpTree(project.Tree, u"F1"_s), kNodes);
-  EXPECT_EQ(ReadAudioTitleSet(project.Tree, 1), TwoTitles());
-}
-
-TEST(AudioTitleSet, TakesMoreAndFewerTitles) {
-  Project project(test::FixedSettings());
-  AddDefaultProject(project);
-  AddAudioTitleSetSubtree(project, TwoTitles(), MainMenuKey(), 3);
+  test::ExpectGolden(test::DumpTree(project.Tree, u"F1"_s).toUtf8(), u"audio_titleset.tree"_s);
   AudioTitleStore longest = TwoTitles();
   longest.Titles.resize(kMaxAudioTitles, longest.Titles.front());
-  WriteAudioTitleSet(project.Tree, 1, longest);
-  EXPECT_EQ(ReadAudioTitleSet(project.Tree, 1), longest);
-  WriteAudioTitleSet(project.Tree, 1, TwoTitles());
-  EXPECT_EQ(test::DumpTree(project.Tree, u"F1"_s), kNodes);
+  for (const AudioTitleStore& store : {longest, TwoTitles()}) {
+    WriteAudioTitleSet(project.Tree, 1, store);
+    EXPECT_EQ(ReadAudioTitleSet(project.Tree, 1), store);
+  }
+  test::ExpectGolden(test::DumpTree(project.Tree, u"F1"_s).toUtf8(), u"audio_titleset.tree"_s);
 }
 
 TEST(PlayList, StandsInOrderBelowItsFilm) {

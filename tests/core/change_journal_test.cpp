@@ -39,6 +39,11 @@ class ChangeJournalTest : public testing::Test {
   QStringList Files() const { return HostFiles::FileNames(dir_); }
   QByteArray Written() const { return *HostFiles::Read(journal_.Path()); }
 
+  void ExpectAllIsWritten() const {
+    JournalReplay replay;
+    EXPECT_TRUE(Recovered(Written(), replay) == WholeProject(project_));
+  }
+
   /// What a journal brings back, as its own program had it.
   static WholeProject Recovered(const QByteArray& journal, JournalReplay& replay) {
     Project project(test::FixedSettings());
@@ -79,8 +84,7 @@ TEST_F(ChangeJournalTest, IsThereExactlyWhileThereIsUnsavedWork) {
 
   SetText(project_, u"behind the save"_s);
   EXPECT_TRUE(journal_.Flush());
-  JournalReplay replay;
-  EXPECT_TRUE(Recovered(Written(), replay) == WholeProject(project_));
+  ExpectAllIsWritten();
   ASSERT_TRUE(LoadProject(project_, project_.ProjectFile, prompter));
   EXPECT_EQ(Files(), QStringList());
 
@@ -192,8 +196,7 @@ TEST_F(ChangeJournalTest, BeginsAnewBeforeItGrowsWithoutEnd) {
     largest = std::max(largest, Written().size());
   }
   EXPECT_LT(largest, 16 << 20);
-  JournalReplay replay;
-  EXPECT_TRUE(Recovered(Written(), replay) == WholeProject(project_));
+  ExpectAllIsWritten();
 }
 
 TEST_F(ChangeJournalTest, TellsOnceWhenItCannotBeWritten) {
@@ -206,8 +209,7 @@ TEST_F(ChangeJournalTest, TellsOnceWhenItCannotBeWritten) {
   ASSERT_TRUE(HostFiles::RemoveFile(dir_));
   now_ += ChangeJournal::kRetryMs;
   EXPECT_TRUE(journal_.Poll());
-  JournalReplay replay;
-  EXPECT_TRUE(Recovered(Written(), replay) == WholeProject(project_));
+  ExpectAllIsWritten();
 }
 
 /// A process that edits a project, and is killed without warning some time after it says that it has.

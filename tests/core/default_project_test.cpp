@@ -4,21 +4,14 @@
 
 #include <QStringList>
 
+#include "support/golden.h"
 #include "support/project_builder.h"
+#include "support/tree_dump.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
-
-QString Dump(const ProjectTree& tree) {
-  QString text;
-  for (const ProjectNode* node = tree.NextInOrder(nullptr); node; node = tree.NextInOrder(node)) {
-    for (const ProjectNode* above = node->Parent(); above; above = above->Parent()) text += u' ';
-    text += node->Key() + u'|' + node->Caption() + u'|' + node->Tag() + u'|' + QString::number(node->Image()) + u'\n';
-  }
-  return text;
-}
 
 QStringList RootKeys(const ProjectTree& tree) {
   QStringList keys;
@@ -29,31 +22,7 @@ QStringList RootKeys(const ProjectTree& tree) {
 TEST(DefaultProject, HoldsTheMainMenuWithAllDefaults) {
   Project project(test::FixedSettings());
   AddDefaultProject(project);
-  EXPECT_EQ(Dump(project.Tree), uR"(TS|TotalSize(MB)=1||1
-MM|MainMenu||1
- MMBG|Background||7
-  MMBGPath|Image=C:\App\default.jpg||3
-  MMBGBlur|Blur=0||1
-  MMBGBlurX|BlurX=50||1
-  MMBGBlurY|BlurY=90||1
- MMH|HighLight||1
-  MMHT|Type||1
-   MMHT1|Fill=1||2
-   MMHT2|Frame=0||2
-   MMHT3|Rounded=1||2
-  MMHC1|FillColor=255,0,0||4
-  MMHCT1|Transparenz=41%||2
-  MMHC2|FrameColor=255,0,0||4
-  MMHCT2|Transparenz=0%||2
- MMA|Activated||1
-  MMAC1|FillColor=0,255,0||4
-  MMACT1|Transparenz=41%||2
-  MMAC2|FrameColor=0,255,0||4
-  MMACT2|Transparenz=0%||2
- MMB|Buttons||1
- MMI|Images||1
- MML|Labels||1
-)"_s);
+  test::ExpectGolden(test::DumpTree(project.Tree).toUtf8(), u"default_project.tree"_s);
 }
 
 TEST(DefaultProject, FollowsTheSettings) {
@@ -71,12 +40,10 @@ TEST(DefaultProject, FollowsTheSettings) {
     const ProjectNode* node = project.Tree.Find(key);
     return node ? node->Caption() : u"(absent)"_s;
   };
-  EXPECT_EQ(caption(u"INTROAudio"_s), u"C:\\v\\intro.ac3"_s);
-  EXPECT_EQ(caption(u"MMBGLoop"_s), u"Loop=1"_s);
-  EXPECT_EQ(caption(u"MMBGRasterX"_s), u"RasterX=8"_s);
-  EXPECT_EQ(caption(u"MMBGRasterY"_s), u"(absent)"_s);
-  EXPECT_EQ(caption(u"MMHT1"_s), u"Fill=0"_s);
-  EXPECT_EQ(caption(u"MMHT2"_s), u"Frame=1"_s);
+  const std::pair<QString, QString> captions[] = {
+      {u"INTROAudio"_s, u"C:\\v\\intro.ac3"_s}, {u"MMBGLoop"_s, u"Loop=1"_s}, {u"MMBGRasterX"_s, u"RasterX=8"_s},
+      {u"MMBGRasterY"_s, u"(absent)"_s}, {u"MMHT1"_s, u"Fill=0"_s}, {u"MMHT2"_s, u"Frame=1"_s}};
+  for (const auto& [key, expected] : captions) EXPECT_EQ(caption(key), expected) << key.toStdString();
   EXPECT_EQ(project.Tree.Find(u"MM"_s)->LastChild()->Key(), u"MMS"_s);
 }
 
@@ -98,18 +65,16 @@ TEST(DefaultProject, AnAdditionalMenuStandsInFrontOfTheNextFilm) {
 }
 
 TEST(TotalSize, AddsFilmsMenusAndOne) {
-  Settings settings = test::FixedSettings();
-  Project single(settings);
-  test::BuildTwoFilms(single);
-  CalculateTotalSize(single);
-  EXPECT_EQ(single.Tree.Find(u"TS"_s)->Caption(), u"TotalSize(MB)=201"_s);
-
-  settings.NoTitleSets = false;
-  settings.AnimatedMainMenu = true;
-  Project titlesets(settings);
-  test::BuildTwoFilms(titlesets);
-  CalculateTotalSize(titlesets);
-  EXPECT_EQ(titlesets.Tree.Find(u"TS"_s)->Caption(), u"TotalSize(MB)=207"_s);
+  for (const auto& [single, caption] :
+       {std::pair(true, u"TotalSize(MB)=201"_s), {false, u"TotalSize(MB)=207"_s}}) {
+    Settings settings = test::FixedSettings();
+    settings.NoTitleSets = single;
+    settings.AnimatedMainMenu = !single;
+    Project project(settings);
+    test::BuildTwoFilms(project);
+    CalculateTotalSize(project);
+    EXPECT_EQ(project.Tree.Find(u"TS"_s)->Caption(), caption);
+  }
 }
 
 TEST(Transparency, ComesFromTheOpacity) {

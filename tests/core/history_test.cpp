@@ -14,7 +14,6 @@ namespace torvane {
 namespace {
 
 using test::RandomChanges;
-using test::DumpTree;
 using test::WholeProject;
 
 class HistoryTest : public ::testing::Test {
@@ -94,14 +93,14 @@ TEST_F(HistoryTest, AnInnerEditJoinsTheOuterOne) {
       project_.Tree.Add({u"X1"_s, u"kept"_s}, u"X"_s, Relation::Child);
       kept.Commit();
     }
-    const QString withKept = DumpTree(project_.Tree);
+    const QString withKept = test::DumpTree(project_.Tree);
     {
       const Edit dropped(project_, u"Dropped"_s);
       project_.Tree.Add({u"X2"_s, u"dropped"_s}, u"X"_s, Relation::Child);
       project_.Tree.SetCaption(u"X1"_s, u"dropped"_s);
       project_.FilmCount = 50;
     }
-    EXPECT_EQ(DumpTree(project_.Tree), withKept);
+    EXPECT_EQ(test::DumpTree(project_.Tree), withKept);
     EXPECT_EQ(project_.FilmCount, 2);
     EXPECT_FALSE(project_.History.Undo());
     outer.Commit();
@@ -112,31 +111,18 @@ TEST_F(HistoryTest, AnInnerEditJoinsTheOuterOne) {
   EXPECT_TRUE(WholeProject(project_) == before);
 }
 
-TEST_F(HistoryTest, ShowingAnotherMenuAloneIsNoStep) {
-  Edit edit(project_, u"Show"_s);
-  project_.CurrentMenuKey = u"MM1"_s;
-  project_.Settings.ActiveRasterX = 4;
-  project_.Tree.SetCaption(u"MMB1Text"_s, u"Text="_s + Text());
-  edit.Commit();
+TEST_F(HistoryTest, TheMenuShownAndTheUsersSettingsAreNoStep) {
+  {
+    Edit edit(project_, u"Show"_s);
+    project_.CurrentMenuKey = u"MM1"_s;
+    project_.Settings.ActiveRasterX = 4;
+    project_.Tree.SetCaption(u"MMB1Text"_s, u"Text="_s + Text());
+    edit.Commit();
+  }
   EXPECT_FALSE(project_.History.CanUndo());
   EXPECT_TRUE(project_.ProjectSaved());
   EXPECT_EQ(project_.CurrentMenuKey, u"MM1"_s);
-}
 
-TEST_F(HistoryTest, UndoShowsTheMenuInWhichTheEditWasMade) {
-  Edit edit(project_, u"New menu"_s);
-  project_.Tree.SetCaption(u"MMB1Text"_s, u"Text=x"_s);
-  project_.CurrentMenuKey = u"MM1"_s;
-  edit.Commit();
-  project_.CurrentMenuKey = u"elsewhere"_s;
-  project_.History.Undo();
-  EXPECT_EQ(project_.CurrentMenuKey, MainMenuKey());
-  project_.CurrentMenuKey = u"elsewhere"_s;
-  project_.History.Redo();
-  EXPECT_EQ(project_.CurrentMenuKey, u"MM1"_s);
-}
-
-TEST_F(HistoryTest, SettingsThatAreTheUsersStayThroughUndo) {
   Edit edit(project_, u"Add film"_s);
   project_.Settings.InDir = u"D:\\videos"_s;
   project_.Settings.Engine = 1;
@@ -144,6 +130,18 @@ TEST_F(HistoryTest, SettingsThatAreTheUsersStayThroughUndo) {
   project_.History.Undo();
   EXPECT_EQ(project_.Settings.InDir, u"D:\\videos"_s);
   EXPECT_EQ(project_.Settings.Engine, 0);
+}
+
+TEST_F(HistoryTest, UndoShowsTheMenuInWhichTheEditWasMade) {
+  Edit edit(project_, u"New menu"_s);
+  project_.Tree.SetCaption(u"MMB1Text"_s, u"Text=x"_s);
+  project_.CurrentMenuKey = u"MM1"_s;
+  edit.Commit();
+  for (const auto& [step, menu] : {std::pair(&History::Undo, MainMenuKey()), {&History::Redo, u"MM1"_s}}) {
+    project_.CurrentMenuKey = u"elsewhere"_s;
+    (project_.History.*step)();
+    EXPECT_EQ(project_.CurrentMenuKey, menu);
+  }
 }
 
 TEST_F(HistoryTest, KnowsWhenTheProjectIsAsSaved) {

@@ -6,6 +6,7 @@
 
 #include "core/settings_table.h"
 #include "platform/host_files.h"
+#include "support/golden.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,69 +19,7 @@ TEST(PresetFile, IsWrittenLineByLineInItsOrder) {
   settings.DefBackButtonText = u"Zur\u00fcck\r\nhier"_s;
   settings.DefTextButtonGif = {.Enabled = true, .File = u"Star.gif"_s, .RelSize = 62.5, .XOffset = -3};
   settings.OwnGifMaskDir = u"D:\\masks"_s;
-  EXPECT_EQ(QString::fromUtf8(PresetText(settings)).replace(u"\r\n"_s, u"\n"_s), uR"([RasterX]=16
-[RasterY]=16
-[UseRaster]=1
-[AutoGroup]=1
-[GridLayout]=R10C1PX100PY100DX300DY64
-[ARPreset]=2
-[ImageSizeX]=100
-[ImageSizeY]=80
-[FixTextSizeX]=100
-[FixTextSizeY]=50
-[DefTextColor]=16777088
-[DefTextAlign]=0
-[DefaultFont]=Arial\12\0\0\0\0
-[DefHighLightFillColor]=255
-[DefSelectedFillColor]=65280
-[DefHighLightFrameColor]=255
-[DefSelectedFrameColor]=65280
-[DefHighLightFillTrans]=150
-[DefSelectedFillTrans]=150
-[DefHighLightFrameTrans]=255
-[DefSelectedFrameTrans]=255
-[RoundedButtonFrames]=1
-[DefFreeButtonText]=Button
-[DefChapterButtonText]=Chapter
-[ChapterButtonUseNum]=1
-[ChapterButtonUseTime]=0
-[DefTextButtonGif]=1;62.5;-3;0;0;Star.gif
-[DefGraphButtonGif]=0;100;0;0;0;
-[DefAnimGif]=0;100;0;0;0;
-[DefImagGif]=0;100;0;0;0;
-[DefBackButtonGif]=0;100;0;0;0;
-[DefBackButtonText]=Zurück hier
-[BackButtonIsText]=1
-[BackButtonXpos]=600
-[BackButtonYpos]=500
-[BackButtonWidth]=100
-[BackButtonHeight]=50
-[DefButtomType]=0
-[TextButtons]=1
-[DefLabelPos]=0
-[AutoCrop]=0
-[AutoCropVal]=10,8,-10,-8
-[ArtistColor]=16777088
-[AlbumColor]=16777088
-[TitleColor]=16777088
-[ArtistXpos]=100
-[ArtistYpos]=100
-[AlbumXpos]=100
-[AlbumYpos]=200
-[TitleXpos]=100
-[TitleYpos]=300
-[ArtistFont]=Arial\12\0\0\0\0
-[AlbumFont]=Arial\12\0\0\0\0
-[TitleFont]=Arial\12\0\0\0\0
-[AudioTSBlur]=0
-[AudioTSBlurX]=50
-[AudioTSBlurY]=100
-[AudioTSType]=1
-[UseBlur]=1
-[BlurX]=50
-[BlurY]=90
-[OwnGifMaskDir]=D:\masks
-)"_s);
+  test::ExpectGolden(PresetText(settings).replace("\r\n", "\n"), u"look.tvp"_s);
 }
 
 TEST(PresetFile, HoldsOnlyWhatItsLinesSay) {
@@ -105,12 +44,8 @@ TEST(PresetFile, HoldsOnlyWhatItsLinesSay) {
        "ck\n",
        {{u"DefBackButtonText"_s, u"Zur\u00fcck"_s}}},
       {"[CustImageSizeX]=1\n[CustImageSizeY]=2\n[CustTextSizeX]=3\n[CustTextSizeY]=4\n[DefRasterX]=5\n[DefRasterY]=6\n",
-       {{u"ImageSizeX"_s, u"1"_s},
-        {u"ImageSizeY"_s, u"2"_s},
-        {u"FixTextSizeX"_s, u"3"_s},
-        {u"FixTextSizeY"_s, u"4"_s},
-        {u"RasterX"_s, u"5"_s},
-        {u"RasterY"_s, u"6"_s}}},
+       {{u"ImageSizeX"_s, u"1"_s}, {u"ImageSizeY"_s, u"2"_s}, {u"FixTextSizeX"_s, u"3"_s},
+        {u"FixTextSizeY"_s, u"4"_s}, {u"RasterX"_s, u"5"_s}, {u"RasterY"_s, u"6"_s}}},
       {"[DefRasterX]=5\n[RasterX]=8\n", {{u"RasterX"_s, u"8"_s}}},
   };
   for (const Case& each : cases) EXPECT_EQ(ReadPreset(each.content), each.read) << each.content;
@@ -127,24 +62,13 @@ TEST(PresetFile, BringsEveryValueButTheGridToAnotherInstallation) {
   source.OwnGifMaskDir = root + u"\\masks";
   for (const SettingRow& row : SettingsTable()) {
     if (row.preset.position == 0 || row.key == u"GridLayout") continue;
-    switch (row.kind) {
-      case SettingKind::Flag:
-        SetSettingText(source, row, SettingText(source, row) == u"1" ? u"0"_s : u"1"_s);
-        break;
-      case SettingKind::Text:
-        SetSettingText(source, row, u"of "_s + row.key);
-        break;
-      case SettingKind::Mask:
-        SetSettingText(source, row, u"1;50;1;2;1;Own.gif"_s);
-        break;
-      case SettingKind::Font:
-        SetSettingText(source, row, u"Courier\\10.5\\1\\0\\1\\0"_s);
-        break;
-      case SettingKind::Path:
-        break;
-      default:
-        SetSettingText(source, row, QString::number(row.preset.position));
-    }
+    if (row.kind == SettingKind::Path) continue;
+    QString text = QString::number(row.preset.position);
+    if (row.kind == SettingKind::Flag) text = SettingText(source, row) == u"1" ? u"0"_s : u"1"_s;
+    if (row.kind == SettingKind::Text) text = u"of "_s + row.key;
+    if (row.kind == SettingKind::Mask) text = u"1;50;1;2;1;Own.gif"_s;
+    if (row.kind == SettingKind::Font) text = u"Courier\\10.5\\1\\0\\1\\0"_s;
+    SetSettingText(source, row, text);
   }
   const QString file = root + u"\\look.tvp";
   ASSERT_TRUE(SavePreset(file, source));

@@ -2,13 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QTemporaryDir>
-
 #include "core/project_xml.h"
-#include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/project_builder.h"
 #include "support/recording_prompter.h"
+#include "support/tree_dump.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,31 +15,12 @@ namespace {
 
 const QString kFile = u"C:\\p\\x.tvn"_s;
 
-struct Dumped {
-  QString key, caption, tag, parent;
-  int image;
-  bool operator==(const Dumped&) const = default;
-};
-
-std::vector<Dumped> Dump(const ProjectTree& tree) {
-  std::vector<Dumped> nodes;
-  for (const ProjectNode* node = tree.NextInOrder(nullptr); node; node = tree.NextInOrder(node)) {
-    nodes.push_back({node->Key(), node->Caption(), node->Tag(), node->Parent() ? node->Parent()->Key() : QString(),
-                     node->Image()});
-  }
-  return nodes;
-}
-
 class ProjectFileTest : public testing::Test {
  protected:
   ProjectFileTest() : settings_(test::FixedSettings()) {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    for (const QString& name : {u"p"_s, u"O"_s, u"In"_s, u"App"_s}) QDir(dir_.path()).mkdir(name);
     settings_.InDir = u"C:\\In"_s;
   }
-  ~ProjectFileTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
-  static void Write(const QByteArray& text) { ASSERT_TRUE(HostFiles::WriteAtomically(kFile, text)); }
   static QByteArray Document(const QByteArray& version, const QByteArray& rest) {
     return "<NODES>\r\n  <SETTINGS TVNVERSION=\"" + version + "\" NORM=\"0\"/>\r\n" + rest + "</NODES>";
   }
@@ -51,7 +30,7 @@ class ProjectFileTest : public testing::Test {
     for (int i = 0; i < levels; ++i) nodes += "<NODE Key=\"k" + QByteArray::number(i) + "\">";
     return nodes + QByteArray("</NODE>").repeated(levels);
   }
-  QTemporaryDir dir_;
+  test::DriveC drive_{{u"p"_s, u"O"_s, u"In"_s, u"App"_s}};
   Settings settings_;
   test::RecordingPrompter prompter_;
 };
@@ -92,7 +71,7 @@ TEST_F(ProjectFileTest, SavedAndLoadedIsTheSameProject) {
 
   Project loaded(settings_);
   ASSERT_TRUE(LoadProject(loaded, kFile, prompter_));
-  EXPECT_EQ(Dump(loaded.Tree), Dump(project.Tree));
+  EXPECT_EQ(test::DumpTree(loaded.Tree), test::DumpTree(project.Tree));
   EXPECT_EQ(loaded.Settings, project.Settings);
   EXPECT_EQ(loaded.MainSubMenuTable, project.MainSubMenuTable);
   EXPECT_EQ(loaded.FilmCount, 2);
@@ -101,51 +80,32 @@ TEST_F(ProjectFileTest, SavedAndLoadedIsTheSameProject) {
 }
 
 TEST_F(ProjectFileTest, ReadsTheVersionsItKnows) {
-  struct Case {
-    QByteArray version;
-    bool loads;
-  };
-  for (const Case& c : {Case{"0.69", false}, {"0.6994", false}, {"0.7", true}, {"0.7004", true}, {"0,85", true},
-                        {"1.07", true}, {"1.0704", true}, {"1.0706", false}, {"1.08", false}, {"", false},
-                        {"x", false}, {"99999999999999999999", false}}) {
-    Write(Document(c.version, ""));
+  const std::pair<QByteArray, bool> versions[] = {
+      {"0.69", false},  {"0.6994", false}, {"0.7", true},   {"0.7004", true}, {"0,85", true},
+      {"1.07", true},   {"1.0704", true},  {"1.0706", false}, {"1.08", false},  {"", false},
+      {"x", false},     {"99999999999999999999", false}};
+  for (const auto& [version, loads] : versions) {
+    drive_.Write(u"p/x.tvn"_s, Document(version, ""));
     Project project(settings_);
     test::RecordingPrompter prompter;
-    EXPECT_EQ(LoadProject(project, kFile, prompter), c.loads) << c.version.data();
-    EXPECT_EQ(prompter.boxes.empty(), c.loads);
+    EXPECT_EQ(LoadProject(project, kFile, prompter), loads) << version.data();
+    EXPECT_EQ(prompter.boxes.empty(), loads);
   }
 }
 
-TEST_F(ProjectFileTest, TakesEachSettingFromTheElementOfItsVersion) {
-  const QByteArray rest =
-      "<SETTINGS2 DEFTEXTALIGN=\"2\"/>\r\n"
-      "<SETTINGS4 NOMENUS=\"0\" ENGINE=\"1\" 169MODE=\"1\" DEFSHADOW=\"1;2;3;4;5;\" X=\"a > 169MODE='7'\"/>\r\n"
-      "<SETTINGS5 ENGINE=\"0\" 169MODE = \"2\" DEFSHADOW=\"9;8;7;1;\"/>\r\n";
-  struct Case {
-    QByteArray version;
-    int align, engine, mode;
-    QString shadow;
-  };
-  for (const Case& c : {Case{"0.85", 0, 0, 0, u"128;5;6;0;"_s}, {"0.851", 2, 1, 1, u"1;2;3;0;"_s},
-                        {"1.04", 2, 1, 1, u"1;2;3;0;"_s}, {"1.041", 2, 0, 2, u"9;8;7;1;"_s}}) {
-    Write(Document(c.version, rest));
-    Project project(settings_);
-    ASSERT_TRUE(LoadProject(project, kFile, prompter_)) << prompter_.boxes.back().text.toStdString();
-    EXPECT_EQ(project.Settings.DefTextAlign, c.align) << c.version.data();
-    EXPECT_EQ(project.Settings.Engine, c.engine) << c.version.data();
-    EXPECT_EQ(project.Settings.Def169Mode, c.mode) << c.version.data();
-    EXPECT_EQ(project.Settings.DefShadow, c.shadow) << c.version.data();
-    EXPECT_FALSE(project.Settings.VideoNormPal);
-    EXPECT_EQ(project.Settings.VideoHeight, 480);
-  }
+TEST_F(ProjectFileTest, ReadsTheAttributeWhoseNameBeginsWithDigits) {
+  drive_.Write(u"p/x.tvn"_s, Document("1.041", "<SETTINGS4 169MODE=\"1\" X=\"a > 169MODE='7'\"/>\r\n"
+                                               "<SETTINGS5 ENGINE=\"1\" 169MODE = \"2\"/>\r\n"));
+  Project project(settings_);
+  ASSERT_TRUE(LoadProject(project, kFile, prompter_)) << prompter_.boxes.back().text.toStdString();
+  EXPECT_EQ(project.Settings.Def169Mode, 2);
+  EXPECT_EQ(project.Settings.Engine, 1);
+  EXPECT_FALSE(project.Settings.VideoNormPal);
+  EXPECT_EQ(project.Settings.VideoHeight, 480);
 }
 
 TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
-  struct Case {
-    QByteArray text;
-    QString message;
-  };
-  const Case cases[] = {
+  const std::pair<QByteArray, QString> cases[] = {
       {"", u"ERROR! Wrong file version!"_s},
       {"<NODES>\r\n<SETTINGS NORM=\"1\"/></NODES>", u"ERROR! Wrong file version!"_s},
       {Document("1.07", "<NODE Key=\"a\">"), u"Could not load file C:\\p\\x.tvn"_s},
@@ -162,15 +122,15 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
   };
   Project project(settings_);
   test::BuildTwoFilms(project);
-  const std::vector<Dumped> before = Dump(project.Tree);
-  for (const Case& c : cases) {
-    Write(c.text);
+  const QString before = test::DumpTree(project.Tree);
+  for (const auto& [text, message] : cases) {
+    drive_.Write(u"p/x.tvn"_s, text);
     test::RecordingPrompter prompter;
     EXPECT_FALSE(LoadProject(project, kFile, prompter));
     ASSERT_EQ(prompter.boxes.size(), 1U);
     EXPECT_EQ(prompter.boxes[0].kind, BoxKind::Error);
-    EXPECT_TRUE(prompter.boxes[0].text.startsWith(c.message)) << prompter.boxes[0].text.toStdString();
-    EXPECT_EQ(Dump(project.Tree), before);
+    EXPECT_TRUE(prompter.boxes[0].text.startsWith(message)) << prompter.boxes[0].text.toStdString();
+    EXPECT_EQ(test::DumpTree(project.Tree), before);
     EXPECT_EQ(project.FilmCount, 2);
   }
   EXPECT_FALSE(LoadProject(project, u"C:\\p\\missing.tvn"_s, prompter_));
@@ -178,7 +138,7 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
 
 TEST_F(ProjectFileTest, FindsFilesThatMoved) {
   for (const QString& file : {u"In/film.m2v"_s, u"p/sound.ac3"_s, u"O/back.png"_s, u"App/default.jpg"_s, u"p/mask.gif"_s}) {
-    ASSERT_TRUE(HostFiles::WriteAtomically(HostFiles::ToDos(dir_.path() + u'/' + file), "x"));
+    drive_.Write(file);
   }
   Project project(settings_);
   test::BuildTwoFilms(project);
@@ -203,23 +163,20 @@ TEST_F(ProjectFileTest, FindsFilesThatMoved) {
   EXPECT_EQ(caption(u"MM1BGPath"_s), u"Image=C:\\O\\back.png"_s);
   EXPECT_EQ(loaded.Tree.Find(u"MMB1GifMaskGif"_s)->Tag(), u"C:\\p\\mask.gif"_s);
   EXPECT_EQ(caption(u"FPV2"_s), u"Video=D:\\old\\gone.m2v"_s);
-  ASSERT_EQ(prompter_.boxes.size(), 1U);
-  EXPECT_EQ(prompter_.boxes[0].text, u"The following resources could not be found\r\nD:\\old\\gone.m2v"_s);
+  EXPECT_EQ(prompter_.Told(), QStringList(u"The following resources could not be found\r\nD:\\old\\gone.m2v"_s));
 }
 
 TEST_F(ProjectFileTest, ListsTwentyMissingFiles) {
   QByteArray nodes;
+  QString told = u"The following resources could not be found"_s;
   for (int i = 1; i <= 25; ++i) {
     nodes += "<NODE Key=\"n" + QByteArray::number(i) + "\" Caption=\"Video=D:\\x" + QByteArray::number(i) + "\"/>";
+    if (i <= 20) told += u"\r\nD:\\x" + QString::number(i);
   }
-  Write(Document("1.07", nodes));
+  drive_.Write(u"p/x.tvn"_s, Document("1.07", nodes));
   Project project(settings_);
   ASSERT_TRUE(LoadProject(project, kFile, prompter_));
-  ASSERT_EQ(prompter_.boxes.size(), 1U);
-  const QStringList lines = prompter_.boxes[0].text.split(u"\r\n"_s);
-  ASSERT_EQ(lines.size(), 22);
-  EXPECT_EQ(lines[20], u"D:\\x20"_s);
-  EXPECT_EQ(lines[21], u"..."_s);
+  EXPECT_EQ(prompter_.Told(), QStringList(told + u"\r\n..."));
 }
 
 TEST_F(ProjectFileTest, AFailedSaveKeepsTheFormerFile) {
@@ -232,7 +189,7 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheFormerFile) {
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_TRUE(prompter_.boxes[0].text.startsWith(u"ERROR! File is probably write protected!"));
 
-  Write("former");
+  drive_.Write(u"p/x.tvn"_s, "former");
   project.ProjectFile = kFile;
   project.Tree.SetCaption(u"MMB2Text"_s, u"Text=\u0001"_s);
   EXPECT_FALSE(SaveProject(project, prompter_));
@@ -241,7 +198,7 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheFormerFile) {
 }
 
 TEST_F(ProjectFileTest, ReadsTheIntroFromItsNodes) {
-  Write(Document("1.07", "<NODE Key=\"INTRO\" Caption=\"Intro\"><NODE Key=\"INTROFile\" Caption=\"i.mpg\"/></NODE>"));
+  drive_.Write(u"p/x.tvn"_s, Document("1.07", "<NODE Key=\"INTRO\" Caption=\"Intro\"><NODE Key=\"INTROFile\" Caption=\"i.mpg\"/></NODE>"));
   settings_.IntroAudio = u"old"_s;
   Project project(settings_);
   ASSERT_TRUE(LoadProject(project, kFile, prompter_));

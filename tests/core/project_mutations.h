@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QTemporaryDir>
 #include <random>
 
 #include "core/project_file.h"
 #include "core/project_xml.h"
-#include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/project_builder.h"
 #include "support/project_state.h"
 #include "support/recording_prompter.h"
@@ -17,7 +16,7 @@ namespace torvane::test {
 class ProjectMutations {
  public:
   explicit ProjectMutations(quint64 seed) : ProjectMutations(seed, TwoFilms()) {}
-  virtual ~ProjectMutations() { qunsetenv("TORVANE_DRIVE_C"); }
+  virtual ~ProjectMutations() = default;
 
   /// Loads one damaged file. Returns what was broken with the file, "" for nothing.
   QString Round() {
@@ -31,10 +30,7 @@ class ProjectMutations {
 
  protected:
   /// Damages another project than that of two films.
-  ProjectMutations(quint64 seed, const Project& project) : random_(seed), sound_(*ProjectFileText(project)) {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    lines_ = sound_.split('\n');
-  }
+  ProjectMutations(quint64 seed, const Project& project) : random_(seed), sound_(*ProjectFileText(project)) {}
 
   static const Project& TwoFilms() {
     static Project project(FixedSettings());
@@ -152,10 +148,10 @@ class ProjectMutations {
     return lines.join('\n');
   }
 
-  QTemporaryDir dir_;
+  DriveC drive_;
   std::mt19937_64 random_;
   QByteArray sound_;
-  QList<QByteArray> lines_;
+  QList<QByteArray> lines_ = sound_.split('\n');
 };
 
 }  // namespace torvane::test

@@ -2,15 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include "core/messages.h"
 #include "core/program.h"
 #include "core/settings_store.h"
-#include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/recording_prompter.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -18,22 +15,13 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-/// A program directory, a profile and the drive C of one start, empty at first.
+/// The program directory C:\app and the profile C:\profile of one start, empty at first.
 class LoadSettingsTest : public testing::Test {
  protected:
-  LoadSettingsTest() {
-    qputenv("TORVANE_DRIVE_C", Host(u"c"_s).toUtf8());
-    for (const QString& dir : {u"app/GifMask"_s, u"c/Films"_s}) QDir(dir_.path()).mkpath(dir);
-  }
-  ~LoadSettingsTest() override {
-    qunsetenv("TORVANE_DRIVE_C");
-    SetLanguage(kEnglish);
-  }
+  ~LoadSettingsTest() override { SetLanguage(kEnglish); }
 
-  QString Host(const QString& relative) const { return dir_.path() + u'/' + relative; }
   QString Dos(const QString& relative) const { return HostFiles::ToDos(Host(relative)); }
-
-  void MakeFile(const QString& dosPath) { ASSERT_TRUE(HostFiles::WriteAtomically(dosPath, "x")); }
+  QString Host(const QString& relative) const { return drive_.Host(relative); }
 
   Settings Load(const QList<SettingOverride>& overrides = {}, ViewerCheck viewerCheck = ViewerCheck::Skip) {
     prompter_.boxes.clear();
@@ -44,13 +32,7 @@ class LoadSettingsTest : public testing::Test {
                         prompter_);
   }
 
-  QStringList Told() const {
-    QStringList texts;
-    for (const Box& box : prompter_.boxes) texts += box.text;
-    return texts;
-  }
-
-  QTemporaryDir dir_;
+  test::DriveC drive_{{u"app/GifMask"_s, u"Films"_s}};
   test::RecordingPrompter prompter_;
 };
 
@@ -74,7 +56,7 @@ TEST_F(LoadSettingsTest, AFirstStartCompletesTheDefaultsFromTheMachine) {
 
   EXPECT_EQ(Load(), expected);
   EXPECT_TRUE(HostFiles::DirExists(expected.TempDir));
-  EXPECT_EQ(Told(), QStringList());
+  EXPECT_EQ(prompter_.Told(), QStringList());
 }
 
 TEST_F(LoadSettingsTest, OverridesStandAboveTheStoreWhichKeepsItsValues) {
@@ -92,8 +74,8 @@ TEST_F(LoadSettingsTest, OverridesStandAboveTheStoreWhichKeepsItsValues) {
 }
 
 TEST_F(LoadSettingsTest, PathsOfOverridesMayBeHostPaths) {
-  QDir(dir_.path()).mkpath(u"work/t"_s);
-  MakeFile(Dos(u"work/intro.mpg"_s));
+  QDir(Host(u"work/t"_s)).mkpath(u"."_s);
+  drive_.Write(u"work/intro.mpg"_s);
   const Settings settings = Load({{u"OutDir"_s, Host(u"work"_s)},
                                   {u"TempDir"_s, Host(u"work/t"_s)},
                                   {u"IntroMovie"_s, Host(u"work/intro.mpg"_s)},
@@ -108,7 +90,7 @@ TEST_F(LoadSettingsTest, PathsOfOverridesMayBeHostPaths) {
 
   const Settings both = Load({{u"TempOutDir"_s, u"1"_s}, {u"TempDir"_s, u"C:\\Films"_s}, {u"OutDir"_s, u"C:\\"_s}});
   EXPECT_EQ(both.TempDir, u"C:\\Temp"_s);
-  EXPECT_EQ(Told(), QStringList());
+  EXPECT_EQ(prompter_.Told(), QStringList());
 }
 
 TEST_F(LoadSettingsTest, AnIntroThatIsMissingIsNotUsed) {
@@ -134,38 +116,38 @@ TEST_F(LoadSettingsTest, AMissingDirectoryGivesWayToItsParentAndTheUserIsToldWhe
     const bool replaced = wanted != taken && wanted != taken + u'\\';
     const QString text =
         u"OutDir: the directory \"%1\" does not exist, \"%2\" is used instead."_s.arg(wanted, HostFiles::ToHost(taken));
-    EXPECT_EQ(Told(), replaced ? QStringList{text} : QStringList()) << wanted.toStdString();
+    EXPECT_EQ(prompter_.Told(), replaced ? QStringList{text} : QStringList()) << wanted.toStdString();
   }
   ASSERT_TRUE(SettingsStore(Host(u"profile"_s)).Write({{u"OutDir"_s, u"C:\\Films\\gone"_s}}));
   EXPECT_EQ(Load().OutDir, u"C:\\Films"_s);
-  EXPECT_EQ(Told(), QStringList()) << "a stored directory that has gone is no news";
+  EXPECT_EQ(prompter_.Told(), QStringList()) << "a stored directory that has gone is no news";
   EXPECT_EQ(Load({{u"TempOutDir"_s, u"0"_s}}).TempDir, appPath + u"\\Temp"_s);
 }
 
 TEST_F(LoadSettingsTest, FilesThatWouldBeDeletedFromTheTemporaryDirectoryAreTold) {
-  MakeFile(u"C:\\Films\\mine.mpg"_s);
+  drive_.Write(u"Films/mine.mpg"_s);
   EXPECT_EQ(Load({{u"TempDir"_s, u"C:\\Films"_s}}).TempDir, u"C:\\Films"_s);
-  EXPECT_EQ(Told(), QStringList());
+  EXPECT_EQ(prompter_.Told(), QStringList());
   Load({{u"TempDir"_s, u"C:\\Films"_s}, {u"AutoDelete"_s, u"1"_s}});
-  EXPECT_EQ(Told(), QStringList{u"The temp directory: C:\\Films is not empty, and you have set the\r\n"
+  EXPECT_EQ(prompter_.Told(), QStringList{u"The temp directory: C:\\Films is not empty, and you have set the\r\n"
                                 u"option to delete files in this temp directory after authoring.\r\n"
                                 u"Please make sure that there are no files you want to keep\r\n"
                                 u"before you run 'Create DVD'!"_s});
 }
 
 TEST_F(LoadSettingsTest, MissingViewersAreToldWhereAsked) {
-  MakeFile(u"C:\\play.er.exe"_s);
+  drive_.Write(u"play.er.exe"_s);
   const QList<SettingOverride> overrides{{u"DVDViewer"_s, u"C:\\play.er.exe"_s},
                                          {u"ExternalViewer"_s, u"C:\\x\\see.exe"_s}};
   const Settings settings = Load(overrides, ViewerCheck::Tell);
   EXPECT_EQ(settings.DVDViewerName, u"play.er"_s);
   EXPECT_EQ(settings.ViewerName, u"see"_s);
-  EXPECT_EQ(Told(), QStringList{u"ERROR! Video Viewer: C:\\x\\see.exe not found!"_s});
+  EXPECT_EQ(prompter_.Told(), QStringList{u"ERROR! Video Viewer: C:\\x\\see.exe not found!"_s});
 }
 
 TEST_F(LoadSettingsTest, ModesFontsMasksAndLanguageFollow) {
-  MakeFile(Dos(u"app/GifMask/star.gif"_s));
-  MakeFile(u"C:\\Films\\own.gif"_s);
+  drive_.Write(u"app/GifMask/star.gif"_s);
+  drive_.Write(u"Films/own.gif"_s);
   const Settings settings = Load({{u"LangID"_s, u"2000"_s},
                                   {u"NoMenus"_s, u"1"_s},
                                   {u"AnimatedMainMenu"_s, u"1"_s},

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include "platform/host_files.h"
+#include "support/golden.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,25 +31,7 @@ ElementAttributes AsRead(const QList<ProjectElement>& elements) {
 }
 
 TEST(ProjectSettings, DefaultsStandInFileOrder) {
-  EXPECT_EQ(
-      AsText(ProjectAttributes({})),
-      u"SETTINGS TVNVERSION=\"1.07\" NORM=\"1\" NOTS=\"0\" MRATIO=\"0\" TEXTBUTTONS=\"1\" ROUNDEDBUTTONS=\"1\""
-      " ANIMATED=\"0\" ADVANCED=\"0\" USERASTER=\"1\" BACKBUTTONTEXT=\"Back\" PREACT1=\"0\" POSTACT1=\"1\""
-      " POSTACT2=\"0\" LASTIMAGESIZE=\"2\" CUSTIMAGESIZEX=\"100\" CUSTIMAGESIZEY=\"80\" CUSTTEXTSIZEX=\"100\""
-      " CUSTTEXTSIZEY=\"50\"\n"
-      "SETTINGS2 DEFAULTFONT=\"Arial\\12\\0\\0\\0\\0\" DEFTEXTALIGN=\"0\" DEFTEXTCOLOR=\"16777088\""
-      " DEFFRAMEWIDTH=\"3\" EXCLTEXTFROMGIFMASK=\"1\" CLIPGIFMASK=\"1\" CHAPTERBUTTONTEXT=\"Chapter\""
-      " CHAPTERUSENUM=\"1\" CHAPTERUSETIME=\"0\" TEXTBUTTONGIF=\"0;100;0;0;0;\" GRAPHBUTTONGIF=\"0;100;0;0;0;\""
-      " ANIMGIF=\"0;100;0;0;0;\" IMAGGIF=\"0;100;0;0;0;\"\n"
-      "SETTINGS3 BACKBUTTONGIF=\"0;100;0;0;0;\" BBISTEXT=\"1\" BBXPOS=\"600\" BBYPOS=\"500\" BBWIDTH=\"100\""
-      " BBHEIGHT=\"50\" AUTOCHAP=\"0\" CHAPMIN=\"10\" CHAPNUM=\"8\" AUTOCROP=\"0\" CROPVAL=\"10,8,-10,-8\"\n"
-      "SETTINGS4 DEFBUTTONTYPE=\"0\" DEFHIGHLIGHTFILLCOLOR=\"255\" DEFSELECTEDFILLCOLOR=\"65280\""
-      " DEFHIGHLIGHTFRAMECOLOR=\"255\" DEFSELECTEDFRAMECOLOR=\"65280\" DEFHIGHLIGHTFILLTRANS=\"150\""
-      " DEFSELECTEDFILLTRANS=\"150\" DEFHIGHLIGHTFRAMETRANS=\"255\" DEFSELECTEDFRAMETRANS=\"255\" DEFLABELPOS=\"0\""
-      " ARPRESET=\"2\" NOMENUS=\"0\"\n"
-      "SETTINGS5 LOOPSYNTAX=\"0\" ENGINE=\"0\" _169MODE=\"0\" AUDIOTSTYPE=\"1\" DEFSHADOW=\"128;5;6;0;\""
-      " DEFBLOCK=\"128;3;3;0;\" DEFOUTLINE=\"0;0;0;0;\" DEFBOUTLINE=\"0;0;0;0;\" DEFBBOUTLINE=\"0;0;0;0;\""
-      " ADJNTSCTC=\"0\" DEFAULTLOOP=\"1\" OWNGIFMASKDIR=\"\"\n"_s);
+  test::ExpectGolden(AsText(ProjectAttributes({})).toUtf8(), u"default_settings.txt"_s);
 }
 
 TEST(ProjectSettings, AProjectBringsItsSettingsIntoAnyProgram) {

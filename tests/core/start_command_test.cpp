@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QTemporaryDir>
-
-#include "platform/host_files.h"
+#include "support/drive_c.h"
 #include "support/recording_prompter.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,12 +13,10 @@ namespace {
 class StartCommandTest : public testing::Test {
  protected:
   StartCommandTest() {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
     for (const QString& name : {u"a.m2v"_s, u"My.Film.MPG"_s, u"a.ac3"_s, u"b.AC3"_s, u"c.txt"_s, u"p.tvn"_s, u"bad.m2v"_s}) {
-      EXPECT_TRUE(HostFiles::WriteAtomically(u"C:\\" + name, "x"));
+      drive_.Write(name);
     }
   }
-  ~StartCommandTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
   StartCommand Parse(const QString& line) {
     return ParseStartCommand(line, [](const QString& path) { return !path.contains(u"bad"); }, prompter_);
@@ -34,42 +29,24 @@ class StartCommandTest : public testing::Test {
     return ReadStartFilm(command, settings_, isAudio, prompter_);
   }
 
-  QStringList Told() {
-    QStringList texts;
-    for (const Box& box : prompter_.boxes) texts << box.text;
-    prompter_.boxes.clear();
-    return texts;
-  }
-
-  QTemporaryDir dir_;
+  test::DriveC drive_;
   Settings settings_;
   test::RecordingPrompter prompter_;
 };
 
 TEST_F(StartCommandTest, RefusesWhatItCannotUse) {
-  const auto missing = [](const QString& path) { return u"Projectfile: %1 not found"_s.arg(path); };
-  const auto syntax = [](const QString& line) -> QString { return u"Wrong commandline syntax!\r\nCommandline: "_s + line; };
-  const auto video = [](const QString& line) -> QString {
-    return u"Wrong Videofile type or file not found\r\nCommandline: "_s + line;
-  };
-  const struct {
-    QString line;
-    QString told;
-  } cases[] = {
-      {{}, {}},
-      {u"\"C:\\none.tvn\""_s, missing(u"C:\\none.tvn"_s)},
-      {u"C:\\a.m2v"_s, syntax(u"C:\\a.m2v"_s)},
-      {u"C:\\p.tvn /format=PAL"_s, syntax(u"C:\\p.tvn /format=PAL"_s)},
-      {u"\"C:\\p.tvn\" /format=\"PAL\""_s, video(u"\"C:\\p.tvn\" /format=\"PAL\""_s)},
-      {u"\"C:\\a.m2v"_s, video(u"\"C:\\a.m2v"_s)},
-      {u"\"\" \"C:\\a.m2v\""_s, video(u"\"\" \"C:\\a.m2v\""_s)},
-      {u"\"C:\\none.m2v\""_s, video(u"\"C:\\none.m2v\""_s)},
-      {u"\"C:\\a.ac3\""_s, video(u"\"C:\\a.ac3\""_s)},
-      {u"\"C:\\bad.m2v\""_s, video(u"\"C:\\bad.m2v\""_s)},
-  };
-  for (const auto& [line, told] : cases) {
+  EXPECT_EQ(Parse({}), StartCommand{});
+  EXPECT_EQ(Parse(u"\"C:\\none.tvn\""_s), StartCommand{});
+  EXPECT_EQ(prompter_.Told(), QStringList{u"Projectfile: C:\\none.tvn not found"_s});
+  for (const QString& line : {u"C:\\a.m2v"_s, u"C:\\p.tvn /format=PAL"_s}) {
     EXPECT_EQ(Parse(line), StartCommand{}) << line.toStdString();
-    EXPECT_EQ(Told(), told.isEmpty() ? QStringList() : QStringList(told));
+    EXPECT_EQ(prompter_.Told(), QStringList{u"Wrong commandline syntax!\r\nCommandline: "_s + line});
+  }
+  for (const QString& line :
+       {uR"("C:\p.tvn" /format="PAL")"_s, uR"("C:\a.m2v)"_s, uR"("" "C:\a.m2v")"_s, uR"("C:\none.m2v")"_s,
+        uR"("C:\a.ac3")"_s, uR"("C:\bad.m2v")"_s}) {
+    EXPECT_EQ(Parse(line), StartCommand{}) << line.toStdString();
+    EXPECT_EQ(prompter_.Told(), QStringList{u"Wrong Videofile type or file not found\r\nCommandline: "_s + line});
   }
 }
 
@@ -79,7 +56,7 @@ TEST_F(StartCommandTest, OpensAProjectWithAndWithoutQuotes) {
     EXPECT_EQ(command.kind, StartKind::LoadProject);
     EXPECT_TRUE(HostFiles::FileExists(command.projectFile)) << command.projectFile.toStdString();
   }
-  EXPECT_EQ(Told(), QStringList());
+  EXPECT_EQ(prompter_.Told(), QStringList());
 }
 
 TEST_F(StartCommandTest, TakesNormAndTitleSetsIntoTheSettings) {
@@ -130,9 +107,7 @@ TEST_F(StartCommandTest, ReadsSoundAndChaptersOfTheFilm) {
       {u" \"C:\\a.ac3\" \"C:\\b.AC3\" \"C:\\a.ac3\" \"C:\\b.AC3\" /format=\"PAL\""_s, {a, b, a}, start, {}},
       {u" \"C:\\none.ac3\" \"C:\\b.AC3\" \"C:\\c.txt\""_s, {QString(), b}, start, {}, 2},
       {u" /format=\"PAL\" \"C:\\a.ac3\""_s, {}, start, {}},
-      {u" \"C:\\a.ac3\" /chapters=\"00:00:00,00:01:00\" /chapterfile=\"C:\\c.txt\""_s,
-       {a},
-       u"00:00:00,00:01:00"_s,
+      {uR"( "C:\a.ac3" /chapters="00:00:00,00:01:00" /chapterfile="C:\c.txt")"_s, {a}, u"00:00:00,00:01:00"_s,
        u"C:\\c.txt"_s},
       {u" /Chapters=   \"00:00:01\" /chapterfile=\"C:\\none.txt\""_s, {}, start, {}},
       {u" \"C:\\a.ac3"_s, {}, start, {}},
@@ -141,21 +116,21 @@ TEST_F(StartCommandTest, ReadsSoundAndChaptersOfTheFilm) {
     const StartFilm expected{.film = {.Name = u"a"_s, .VideoFile = u"C:\\a.m2v"_s, .Audio = audio, .Chapters = chapters},
                              .chapterFile = chapterFile};
     EXPECT_TRUE(ReadFilm(u"\"C:\\A.M2V\""_s + rest) == expected) << rest.toStdString();
-    EXPECT_EQ(Told().size(), wrong) << rest.toStdString();
+    EXPECT_EQ(prompter_.Told().size(), wrong) << rest.toStdString();
   }
   ReadFilm(u"\"C:\\a.m2v\" \"C:\\c.txt\""_s);
-  EXPECT_EQ(Told(), QStringList{u"Wrong Audiofile: C:\\c.txt\r\nCommandline: \"C:\\a.m2v\" \"C:\\c.txt\""_s});
+  EXPECT_EQ(prompter_.Told(), QStringList{u"Wrong Audiofile: C:\\c.txt\r\nCommandline: \"C:\\a.m2v\" \"C:\\c.txt\""_s});
 }
 
 TEST_F(StartCommandTest, AMultiplexedVideoTakesNoSound) {
   const QString line = u"\"C:\\My.Film.MPG\" \"C:\\a.ac3\" \"C:\\none.ac3\""_s;
   const StartFilm expected{.film = {.Name = u"My"_s, .VideoFile = u"C:\\My.Film.MPG"_s}};
   EXPECT_TRUE(ReadFilm(line) == expected);
-  EXPECT_EQ(Told(), QStringList{u"Add. audio files are not allowed for multiplexed videos (MPG Video files)\r\n"
+  EXPECT_EQ(prompter_.Told(), QStringList{u"Add. audio files are not allowed for multiplexed videos (MPG Video files)\r\n"
                                 u"Videofile: C:\\My.Film.MPG"_s});
   settings_.Engine = 1;
   EXPECT_FALSE(ReadFilm(line));
-  EXPECT_EQ(Told(), QStringList{u"VideoFile not found: My.Film.MPG"_s});
+  EXPECT_EQ(prompter_.Told(), QStringList{u"VideoFile not found: My.Film.MPG"_s});
 }
 
 TEST_F(StartCommandTest, ArgumentsThatArrivedApartAreJoined) {
@@ -171,7 +146,7 @@ TEST_F(StartCommandTest, ArgumentsThatArrivedApartAreJoined) {
       {{u"\"C:/p.tvn\""_s}, u"\"C:\\p.tvn\""_s},
   };
   for (const auto& [arguments, line] : cases) EXPECT_EQ(JoinArguments(arguments), line);
-  EXPECT_EQ(Parse(JoinArguments({dir_.path() + u"/p.tvn"})).kind, StartKind::LoadProject);
+  EXPECT_EQ(Parse(JoinArguments({drive_.Host(u"p.tvn"_s)})).kind, StartKind::LoadProject);
 }
 
 }  // namespace
