@@ -9,36 +9,22 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 
 TEST(Timecode, WhatUsersWriteBecomesOneForm) {
-  const struct {
-    QString text;
-    QString expected;
-  } cases[] = {
-      {u"01:02:03.456"_s, u"01:02:03.456"_s},
-      {u"1:2:3"_s, u"01:02:03.000"_s},
-      {u"1:30"_s, u"00:01:30.000"_s},
-      {u"1:30.5"_s, u"00:01:30.500"_s},
-      {u"1:30.05"_s, u"00:01:30.050"_s},
-      {u"1:30."_s, u"00:01:30.000"_s},
-      {u"00:00:01.23456"_s, u"00:00:01.234"_s},
-      {u"3725.5"_s, u"01:02:05.500"_s},
-      {u"59.9996"_s, u"00:01:00.000"_s},
-      {u"0"_s, u"00:00:00.000"_s},
-      {u""_s, u"00:00:00:000"_s},
-      {u"1:2:3:4"_s, u""_s},
-      {u"1.5:30"_s, u""_s},
-      {u"1h"_s, u""_s},
-      {u"1!30"_s, u""_s},
-      {u"-5"_s, u""_s},
-  };
+  const std::pair<QString, QString> cases[] = {
+      {u"01:02:03.456"_s, u"01:02:03.456"_s}, {u"1:2:3"_s, u"01:02:03.000"_s},   {u"1:30"_s, u"00:01:30.000"_s},
+      {u"1:30.5"_s, u"00:01:30.500"_s},       {u"1:30.05"_s, u"00:01:30.050"_s}, {u"1:30."_s, u"00:01:30.000"_s},
+      {u"00:00:01.23456"_s, u"00:00:01.234"_s}, {u"3725.5"_s, u"01:02:05.500"_s}, {u"59.9996"_s, u"00:01:00.000"_s},
+      {u"0"_s, u"00:00:00.000"_s},            {u""_s, u"00:00:00:000"_s}};
   for (const auto& [text, expected] : cases) EXPECT_EQ(NormalizeTimecode(text), expected) << text.toStdString();
+  for (const QString& bad : {u"1:2:3:4"_s, u"1.5:30"_s, u"1h"_s, u"1!30"_s, u"-5"_s}) {
+    EXPECT_EQ(NormalizeTimecode(bad), QString()) << bad.toStdString();
+  }
 }
 
 TEST(Timecode, ChaptersByCount) {
   EXPECT_EQ(ChapterListByCount(3, 100), u"00:00:00\r\n00:00:33\r\n00:01:06"_s);
-  EXPECT_EQ(ChapterListByCount(1, 100), u"00:00:00"_s);
-  EXPECT_EQ(ChapterListByCount(0, 100), u"00:00:00"_s);
-  EXPECT_EQ(ChapterListByCount(100, 9000), u"00:00:00"_s);
-  EXPECT_EQ(ChapterListByCount(50, 0), u"00:00:00"_s);
+  for (const auto& [count, duration] : {std::pair(1, 100), {0, 100}, {100, 9000}, {50, 0}}) {
+    EXPECT_EQ(ChapterListByCount(count, duration), u"00:00:00"_s) << count;
+  }
   const QStringList dense = ChapterListByCount(50, 30.5).split(u"\r\n"_s);
   EXPECT_EQ(dense.size(), 30);
   EXPECT_EQ(dense.last(), u"00:00:29"_s);

@@ -13,20 +13,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-constexpr CopyFlags kEverything{.Animations = true,
-                                .BackButton = true,
-                                .Background = true,
-                                .Buttons = true,
-                                .HighLight = true,
-                                .Images = true,
-                                .Labels = true};
+constexpr CopyFlags kEverything{.Animations = true, .BackButton = true, .Background = true, .Buttons = true,
+                                .HighLight = true,  .Images = true,     .Labels = true};
 
-FilmRecord Film() {
-  FilmRecord film;
-  film.Name = u"a"_s;
-  film.VideoFile = u"C:\\v\\a.m2v"_s;
-  return film;
-}
+using test::Film;
 
 TEST(CopyLayout, BringsElementsButNeitherFilmsNorMenus) {
   test::EditBench bench;
@@ -42,17 +32,13 @@ TEST(CopyLayout, BringsElementsButNeitherFilmsNorMenus) {
   EXPECT_EQ(bench.Caption(u"MM1B36Action"_s), u"Action=g1=1;jump title 1;");
   EXPECT_EQ(bench.project.Tree.Find(u"MM1B36"_s)->Tag(), u"36");
   EXPECT_EQ(bench.project.Tree.Find(u"MM1B36"_s)->LastChild()->Key(), u"MM1BP36");
-  EXPECT_EQ(bench.Caption(u"MM1BP36Left"_s), u"Left=100");
-  EXPECT_EQ(bench.Caption(u"MM1B35Action"_s), u"Action=jump menu 2;");
-  EXPECT_EQ(bench.Caption(u"MM1B0Action"_s), u"Action=jump menu 1;");
-  EXPECT_EQ(bench.Caption(u"MM1HC1"_s), u"FillColor=1,2,3");
-  EXPECT_EQ(bench.Caption(u"MM1I1File"_s), u"C:\\i.png");
-  EXPECT_EQ(bench.Caption(u"MM1L37Text"_s), u"Text=Hi");
+  EXPECT_EQ(bench.Captions(u"MM1BP36Left MM1B35Action MM1B0Action MM1HC1 MM1I1File MM1L37Text"_s),
+            QStringList({u"Left=100"_s, u"Action=jump menu 2;"_s, u"Action=jump menu 1;"_s, u"FillColor=1,2,3"_s,
+                         u"C:\\i.png"_s, u"Text=Hi"_s}));
 
   ASSERT_TRUE(CopyMenuLayout(bench.context, u"MM1"_s, u"MM"_s, {.Images = true, .Labels = true}));
   EXPECT_EQ(bench.Children(u"MM1I"_s), QStringList({u"Image1"_s, u"Image2"_s}));
-  EXPECT_EQ(bench.Caption(u"MM1L38Text"_s), u"Text=Hi");
-  EXPECT_EQ(bench.Caption(u"MM1LP38Height"_s), u"Height=19");
+  EXPECT_EQ(bench.Captions(u"MM1L38Text MM1LP38Height"_s), QStringList({u"Text=Hi"_s, u"Height=19"_s}));
 }
 
 TEST(CopyLayout, ThePostActionStaysUnlessItIsWanted) {
@@ -98,8 +84,7 @@ TEST(CopyLayout, StaysWithinAFamilyOfMenus) {
 TEST(CopyLayout, ThatDoesNotFitChangesNothing) {
   test::EditBench bench;
   ASSERT_TRUE(AddMenu(bench.context, {}, {}));
-  for (int i = 0; i < 30; ++i) ASSERT_TRUE(AddImage(bench.context, u"C:\\i.png"_s, {}));
-  for (int i = 0; i < 30; ++i) ASSERT_TRUE(AddImage(bench.context, u"C:\\i.png"_s, {.menu = u"MM1"_s}));
+  for (int i = 0; i < 60; ++i) ASSERT_TRUE(AddImage(bench.context, u"C:\\i.png"_s, {.menu = i % 2 ? u"MM1"_s : u"MM"_s}));
   const QString before = test::DumpTree(bench.project.Tree);
   EXPECT_FALSE(CopyMenuLayout(bench.context, u"MM1"_s, u"MM"_s, kEverything));
   EXPECT_EQ(bench.Told(), QStringList(u"Only(?!) 50 images possible!"_s));

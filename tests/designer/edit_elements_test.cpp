@@ -14,10 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-FilmRecord Film(const QString& chapters) {
-  FilmRecord film;
-  film.Name = u"a"_s;
-  film.VideoFile = u"C:\\v\\a.m2v"_s;
+FilmRecord FilmWith(const QString& chapters) {
+  FilmRecord film = test::Film();
   film.Chapters = chapters;
   return film;
 }
@@ -50,21 +48,20 @@ TEST(EditElements, HaveLimitsOfTheirKind) {
 
 TEST(EditElements, OnePlayAllButtonInTheMainMenu) {
   test::EditBench bench(test::TitleSetSettings());
-  ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000"_s), {}));
+  ASSERT_TRUE(AddFilm(bench.context, FilmWith(u"00:00:00.000"_s), {}));
   EXPECT_FALSE(AddPlayAllButton(bench.context, {.menu = u"TS1"_s}));
   EXPECT_TRUE(AddPlayAllButton(bench.context, {}));
   EXPECT_FALSE(AddPlayAllButton(bench.context, {}));
   EXPECT_EQ(bench.Told(), QStringList({u"A Play all button can only be inserted in the MainMenu"_s,
                                        u"A Play all button is already defined"_s}));
-  EXPECT_EQ(bench.Caption(u"MMB2Text"_s), u"Text=Play all");
-  EXPECT_EQ(bench.Caption(u"MMB2Action"_s), u"Action=Play_all");
+  EXPECT_EQ(bench.Captions(u"MMB2Text MMB2Action"_s), QStringList({u"Text=Play all"_s, u"Action=Play_all"_s}));
 }
 
 TEST(EditElements, ChapterButtonsFillAGridByRows) {
   Settings settings = test::TitleSetSettings();
   settings.ChapterButtonUseTime = true;
   test::EditBench bench(settings);
-  ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000,00:10:00.000"_s), {}));
+  ASSERT_TRUE(AddFilm(bench.context, FilmWith(u"00:00:00.000,00:05:00.000,00:10:00.000"_s), {}));
   EXPECT_FALSE(AddChapterButton(bench.context, 1, {}));
   EXPECT_FALSE(AddChapterButton(bench.context, 4, {.menu = u"TS1"_s}));
   EXPECT_FALSE(AddChapterGrid(bench.context, {}, settings.GridLayout, {.menu = u"TS1"_s}));
@@ -91,7 +88,7 @@ TEST(EditElements, ChapterButtonsTakeThePicturesOfTheEditor) {
   for (const bool animated : {false, true}) {
     settings.AnimatedMainMenu = animated;
     test::EditBench bench(settings);
-    ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000,00:06:00.000"_s), {}));
+    ASSERT_TRUE(AddFilm(bench.context, FilmWith(u"00:00:00.000,00:05:00.000,00:06:00.000"_s), {}));
     ASSERT_TRUE(AddChapterGrid(bench.context, {1, 2, 3}, u"R3C1PX20PY30DX100DY50"_s, {.menu = u"TS1"_s},
                                ChapterPicture::FromEditor));
     EXPECT_EQ(bench.Children(u"TS1B"_s).size(), 4);
@@ -106,7 +103,7 @@ TEST(EditElements, AGridEndsWhereTheMenuIsFull) {
   settings.DefMenuRatio = true;
   settings.Def169Mode = 1;
   test::EditBench bench(settings);
-  ASSERT_TRUE(AddFilm(bench.context, Film(u"00:00:00.000,00:05:00.000"_s), {}));
+  ASSERT_TRUE(AddFilm(bench.context, FilmWith(u"00:00:00.000,00:05:00.000"_s), {}));
   const auto addGrid = [&](std::vector<int> chapters) {
     return AddChapterGrid(bench.context, chapters, u"R5C3PX20PY30DX100DY50"_s, {.menu = u"TS1"_s});
   };
@@ -121,34 +118,32 @@ TEST(EditElements, AGridEndsWhereTheMenuIsFull) {
 }
 
 TEST(EditElements, MovingPutsAnElementToItsSiblingsPlace) {
-  struct Case {
+  const struct {
     QString key;
     QString target;
     bool done;
-    QStringList order;
+    QString order;  // the numbers of the buttons
+  } cases[] = {
+      {u"MM1B3"_s, u"MM1B1"_s, true, u"3120"_s},  {u"MM1B1"_s, u"MM1B2"_s, true, u"2130"_s},
+      {u"MM1B1"_s, u"MM1B0"_s, true, u"2310"_s},  {u"MM1B0"_s, u"MM1B1"_s, false, u"1230"_s},
+      {u"MM1B1"_s, u"MMB1"_s, false, u"1230"_s},  {u"MM1B1Text"_s, u"MM1B1Action"_s, false, u"1230"_s},
   };
-  const Case cases[] = {
-      {u"MM1B3"_s, u"MM1B1"_s, true, {u"MM1B3"_s, u"MM1B1"_s, u"MM1B2"_s, u"MM1B0"_s}},
-      {u"MM1B1"_s, u"MM1B2"_s, true, {u"MM1B2"_s, u"MM1B1"_s, u"MM1B3"_s, u"MM1B0"_s}},
-      {u"MM1B1"_s, u"MM1B0"_s, true, {u"MM1B2"_s, u"MM1B3"_s, u"MM1B1"_s, u"MM1B0"_s}},
-      {u"MM1B0"_s, u"MM1B1"_s, false, {u"MM1B1"_s, u"MM1B2"_s, u"MM1B3"_s, u"MM1B0"_s}},
-      {u"MM1B1"_s, u"MMB1"_s, false, {u"MM1B1"_s, u"MM1B2"_s, u"MM1B3"_s, u"MM1B0"_s}},
-      {u"MM1B1Text"_s, u"MM1B1Action"_s, false, {u"MM1B1"_s, u"MM1B2"_s, u"MM1B3"_s, u"MM1B0"_s}},
-  };
-  for (const Case& c : cases) {
+  for (const auto& [key, target, done, order] : cases) {
     test::EditBench bench;
     ASSERT_TRUE(AddMenu(bench.context, {}, {}));
     for (int i = 0; i < 3; ++i) ASSERT_TRUE(AddFreeButton(bench.context, u"x"_s, {}, {.menu = u"MM1"_s}));
-    EXPECT_EQ(MoveElement(bench.context, c.key, c.target), c.done);
-    QStringList order;
-    for (const ButtonView& button : MenuView(bench.project.Tree, u"MM1"_s).Buttons()) order << button.Key();
-    EXPECT_EQ(order, c.order) << c.key.toStdString();
+    EXPECT_EQ(MoveElement(bench.context, key, target), done);
+    QString numbers;
+    for (const ButtonView& button : MenuView(bench.project.Tree, u"MM1"_s).Buttons()) {
+      numbers += QString::number(button.Number());
+    }
+    EXPECT_EQ(numbers, order) << key.toStdString();
   }
 }
 
 TEST(EditElements, GroupsAreDeletedWithoutWhatBelongsToFilms) {
   const auto build = [](test::EditBench& bench) {
-    FilmRecord film = Film(u"00:00:00.000"_s);
+    FilmRecord film = FilmWith(u"00:00:00.000"_s);
     film.Animated = 1;
     EXPECT_TRUE(AddFilm(bench.context, film, {}));
     EXPECT_TRUE(AddMenu(bench.context, {}, {}));

@@ -13,14 +13,8 @@ namespace torvane {
 namespace {
 
 FilmRecord Film(const QString& name) {
-  FilmRecord film;
-  film.Name = name;
-  film.VideoFile = u"C:\\v\\" + name + u".m2v";
+  FilmRecord film = test::Film(name);
   film.FPS = 25;
-  film.ResH = 720;
-  film.ResV = 576;
-  film.Aspect = u"4:3"_s;
-  film.MpegVersion = u"2"_s;
   film.TotalSize = 100;
   return film;
 }
@@ -30,10 +24,9 @@ TEST(EditFilms, EachFilmOfATitleSetProjectHasItsMenu) {
   for (const QString& name : {u"a_b"_s, u"c"_s, u"d"_s}) EXPECT_TRUE(AddFilm(bench.context, Film(name), {}));
   EXPECT_EQ(bench.Roots(), QStringList({u"TS"_s, u"MM"_s, u"F1"_s, u"TS1"_s, u"F2"_s, u"TS2"_s, u"F3"_s, u"TS3"_s}));
   EXPECT_EQ(bench.Children(u"MMB"_s), QStringList({u"FilmButton1"_s, u"FilmButton2"_s, u"FilmButton3"_s}));
-  EXPECT_EQ(bench.Caption(u"MMB1Text"_s), u"Text=a b");
-  EXPECT_EQ(bench.Caption(u"MMB2Action"_s), u"Action=jump titleset 2 menu;");
-  EXPECT_EQ(bench.Caption(u"TS2"_s), u"TitleSet2Menu");
-  EXPECT_EQ(bench.Caption(u"TS2B0Action"_s), u"Action=jump vmgm menu;");
+  EXPECT_EQ(bench.Captions(u"MMB1Text MMB2Action TS2 TS2B0Action"_s),
+            QStringList({u"Text=a b"_s, u"Action=jump titleset 2 menu;"_s, u"TitleSet2Menu"_s,
+                         u"Action=jump vmgm menu;"_s}));
   EXPECT_EQ(bench.project.Tree.Find(u"F2"_s)->Tag(), u"MM");
   EXPECT_EQ(bench.project.Tree.Find(u"FP2"_s)->Tag(), u"2");
   EXPECT_EQ(bench.project.FilmCount, 3);

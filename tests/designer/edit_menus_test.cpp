@@ -11,12 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-FilmRecord Film() {
-  FilmRecord film;
-  film.Name = u"a"_s;
-  film.VideoFile = u"C:\\v\\a.m2v"_s;
-  return film;
-}
+using test::Film;
 
 TEST(EditMenus, ASubmenuHasItsListEntryButtonAndWayBack) {
   test::EditBench bench(test::TitleSetSettings());
@@ -33,9 +28,8 @@ TEST(EditMenus, ASubmenuHasItsListEntryButtonAndWayBack) {
             " MM2PPause|Pause=inf||2\n"
             " MM2PPre|PreCommand=g1=1; button=1024;||1\n"
             " MM2PPost|PostCommand=||1\n"_s);
-  EXPECT_EQ(bench.Caption(u"MM1B1Action"_s), u"Action=jump menu 3;");
-  EXPECT_EQ(bench.Caption(u"MM1B0Action"_s), u"Action=jump menu 1;");
-  EXPECT_EQ(bench.Caption(u"MM2B0Action"_s), u"Action=jump menu 2;");
+  EXPECT_EQ(bench.Captions(u"MM1B1Action MM1B0Action MM2B0Action"_s),
+            QStringList({u"Action=jump menu 3;"_s, u"Action=jump menu 1;"_s, u"Action=jump menu 2;"_s}));
   EXPECT_EQ(bench.project.MainSubMenuTable[2], (MenuSlot{true, 0, u"MM2"_s, u"jump menu 3;"_s, u"MM1B1"_s}));
 }
 

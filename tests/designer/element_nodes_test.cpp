@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/edit_bench.h"
+#include "support/golden.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,32 +16,7 @@ TEST(ElementNodes, ATextButtonIsAsLargeAsItsText) {
   bench.project.Settings.DefBOutline = u"1;2;3;1;"_s;
   AddButtonNodes(bench.project, u"MM"_s, {.text = u"One\nTwo!"_s, .action = u"exit;"_s, .position = {60, 80}},
                  test::MeasureFixed);
-  EXPECT_EQ(test::DumpTree(bench.project.Tree, u"MMB1"_s),
-            u"MMB1|FreeButton1|1|7\n"
-            " MMB1Text|Text=One\r\nTwo!||1\n"
-            " MMB1Action|Action=exit;||1\n"
-            " MMB1FixedSize|FixedSize=0||1\n"
-            " MMB1GifMask|GifMask=1||1\n"
-            "  MMB1GifMaskGif|Gif=a.gif|C:\\App\\GifMask\\a.gif|1\n"
-            "  MMB1GifMaskRelSize|Rel.Size=112.5||1\n"
-            "  MMB1GifMaskXOff|X-Offset=-2||1\n"
-            "  MMB1GifMaskYOff|Y-Offset=0||1\n"
-            "  MMB1GifMaskUseHigh|Highlight=0||1\n"
-            " MMBP1|Properties||1\n"
-            "  MMBP1NormVis|NormVis=1||1\n"
-            "  MMBP1Outline|Outline=1,2,3||1\n"
-            "  MMBP1Align|Align=0||1\n"
-            "  MMBP1Color|Color=128,255,255||1\n"
-            "  MMBP1Left|Left=60|60|2\n"
-            "  MMBP1Top|Top=80|80|2\n"
-            "  MMBP1Width|Width=37|37|1\n"
-            "  MMBP1Height|Height=35|35|1\n"
-            "  MMBP1Font|Font=Arial|0|1\n"
-            "  MMBP1FontSize|FontSize=12||1\n"
-            "  MMBP1FontBold|FontBold=0||1\n"
-            "  MMBP1FontItalic|FontItalic=0||1\n"
-            "  MMBP1FontStrikethru|FontStrikethru=0||1\n"
-            "  MMBP1FontUnderline|FontUnderline=0||1\n"_s);
+  test::ExpectGolden(test::DumpTree(bench.project.Tree, u"MMB1"_s).toUtf8(), u"text_button.tree"_s);
 }
 
 TEST(ElementNodes, ButtonsTakeTheLowestFreeNumberInFrontOfTheBackButton) {
@@ -106,9 +82,8 @@ TEST(ElementNodes, ACombinedButtonHasItsLabelBeside) {
                    test::MeasureFixed);
     const TextGeometry geometry = DrawingView(bench.project.Tree, u"MMLP37"_s).Geometry();
     EXPECT_EQ(QPoint(geometry.Left, geometry.Top), c.label) << c.side << ' ' << c.graphic.x();
-    EXPECT_EQ(bench.Caption(u"MMB1Text"_s), u"Text=");
-    EXPECT_EQ(bench.Caption(u"MMB1FixedSize"_s), u"FixedSize=1");
-    EXPECT_EQ(bench.Caption(u"MMBP1NormVis"_s), u"NormVis=0");
+    EXPECT_EQ(bench.Captions(u"MMB1Text MMB1FixedSize MMBP1NormVis"_s),
+              QStringList({u"Text="_s, u"FixedSize=1"_s, u"NormVis=0"_s}));
   }
 }
 
@@ -123,31 +98,10 @@ TEST(ElementNodes, LabelsImagesAndAnimations) {
             QStringList({u"Shadow=1"_s, u"Align=0"_s, u"Color=128,255,255"_s, u"Left=1"_s, u"Top=2"_s, u"Width=21"_s,
                          u"Height=19"_s}));
   AddImageNodes(bench.project, u"MM"_s, u"C:\\p.jpg"_s, {3, 4});
-  EXPECT_EQ(test::DumpTree(bench.project.Tree, u"MMI1"_s),
-            u"MMI1|Image1|1|7\n"
-            " MMI1File|C:\\p.jpg||1\n"
-            " MMI1HSize|HSize=100|100|1\n"
-            " MMI1VSize|VSize=80|80|1\n"
-            " MMI1Left|Left=3|3|2\n"
-            " MMI1Top|Top=4|4|2\n"_s);
+  test::ExpectGolden(test::DumpTree(bench.project.Tree, u"MMI1"_s).toUtf8(), u"image.tree"_s);
   AddAnimationNodes(bench.project, u"MM"_s, {.video = u"C:\\v.m2v"_s});
   AddAnimationNodes(bench.project, u"MM"_s, {.video = u"C:\\v.avi"_s, .picture = u"C:\\p.bmp"_s});
-  EXPECT_EQ(test::DumpTree(bench.project.Tree, u"MMS"_s),
-            u"MMS|Animations||1\n"
-            " MMS01|Ani=C:\\v.m2v|01|7\n"
-            "  MMS01Image|Image=C:\\App\\avisynthpic.gif|1|1\n"
-            "  MMS01Left|Left=604|604|2\n"
-            "  MMS01Top|Top=480|480|2\n"
-            "  MMS01Width|Width=100|100|1\n"
-            "  MMS01Height|Height=80|80|1\n"
-            "  MMS01Crop|Crop=10,8,-10,-8||1\n"
-            " MMS02|Ani=C:\\v.avi|02|7\n"
-            "  MMS02Image|Image=C:\\p.bmp|2|1\n"
-            "  MMS02Left|Left=604|604|2\n"
-            "  MMS02Top|Top=480|480|2\n"
-            "  MMS02Width|Width=100|100|1\n"
-            "  MMS02Height|Height=80|80|1\n"
-            "  MMS02Crop|Crop=0||1\n"_s);
+  test::ExpectGolden(test::DumpTree(bench.project.Tree, u"MMS"_s).toUtf8(), u"animations.tree"_s);
 }
 
 TEST(ElementNodes, OneButtonOfAMenuActsByItself) {

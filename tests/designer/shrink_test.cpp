@@ -31,24 +31,20 @@ TEST(Shrink, FitsTheProjectToADiscAndBack) {
   // 200 + 2100 + 2100 MB and 1 MB of menus cannot be lost.
   ASSERT_TRUE(ShrinkToSize(bench.context, u"5901"_s));
   EXPECT_EQ(bench.Told(), QStringList(u"Set shrink factors to 50%?"_s));
-  EXPECT_EQ(bench.Caption(u"FPVShrinkTo1"_s), u"ShrinkTo(MB)=500");
-  EXPECT_EQ(bench.Caption(u"FPTS1"_s), u"TotalSize(MB)=600");
+  EXPECT_EQ(bench.Captions(u"FPVShrinkTo1 FPTS1"_s), QStringList({u"ShrinkTo(MB)=500"_s, u"TotalSize(MB)=600"_s}));
   EXPECT_EQ(bench.project.Tree.Find(u"FPVTime2"_s)->Next()->Caption(), u"ShrinkTo(MB)=1000");
-  EXPECT_EQ(bench.Caption(u"FPVShrinkTo3"_s), u"(none)");
-  EXPECT_EQ(bench.Caption(u"FPVShrinkTo4"_s), u"(none)");
-  EXPECT_EQ(bench.Caption(u"TS"_s), u"TotalSize(MB)=5901");
+  EXPECT_EQ(bench.Captions(u"FPVShrinkTo3 FPVShrinkTo4 TS"_s),
+            QStringList({u"(none)"_s, u"(none)"_s, u"TotalSize(MB)=5901"_s}));
 
   ASSERT_TRUE(ShrinkToSize(bench.context, u"5151"_s));
-  EXPECT_EQ(bench.Caption(u"FPVShrinkTo1"_s), u"ShrinkTo(MB)=250");
-  EXPECT_EQ(bench.Caption(u"FPTS1"_s), u"TotalSize(MB)=350");
-  EXPECT_EQ(bench.Caption(u"TS"_s), u"TotalSize(MB)=5151");
+  EXPECT_EQ(bench.Captions(u"FPVShrinkTo1 FPTS1 TS"_s),
+            QStringList({u"ShrinkTo(MB)=250"_s, u"TotalSize(MB)=350"_s, u"TotalSize(MB)=5151"_s}));
 
   bench.Told();
   ASSERT_TRUE(ShrinkToSize(bench.context, u"99999"_s));
   EXPECT_EQ(bench.Told(), QStringList(u"Target size > actual size\r\nReset all shrink factors?"_s));
-  EXPECT_EQ(bench.Caption(u"FPVShrinkTo1"_s), u"(none)");
-  EXPECT_EQ(bench.Caption(u"FPTS2"_s), u"TotalSize(MB)=2100");
-  EXPECT_EQ(bench.Caption(u"TS"_s), u"TotalSize(MB)=7401");
+  EXPECT_EQ(bench.Captions(u"FPVShrinkTo1 FPTS2 TS"_s),
+            QStringList({u"(none)"_s, u"TotalSize(MB)=2100"_s, u"TotalSize(MB)=7401"_s}));
 }
 
 TEST(Shrink, RefusesWhatCannotBe) {

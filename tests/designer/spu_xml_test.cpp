@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/golden.h"
 #include "support/menu_builder.h"
-#include "support/text_lines.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,32 +23,8 @@ TEST(SpuXml, NamesPicturesButtonsAndAreas) {
   test::AddButton(project, u"MM"_s, 1, u"First"_s, {100, 100, 80, 40});
   test::AddButton(project, u"MM"_s, 2, u" "_s, {300, 100, 80, 40}, {u"NormVis=0"_s});
   test::AddButton(project, u"MM"_s, 12, u"Last"_s, {100, 200, 80, 40});
-  EXPECT_EQ(SpuOf(project, SpuFile::Frame), test::WithCrLf(R"(<subpictures>
-  <stream>
-    <spu start="00:00:00.0"
-         highlight="C:\Größe\MMHigh.png"
-         select="C:\Größe\MMAct.png"
-         force="yes"
-         autoorder="rows">
-   <button name="MMB1" x0="99" y0="100" x1="180" y1="140"/>
-   <button name="MMB12" x0="99" y0="200" x1="180" y1="240"/>
-    </spu>
-  </stream>
-</subpictures>
-)"));
-  EXPECT_EQ(SpuOf(project, SpuFile::Letterbox), test::WithCrLf(R"(<subpictures>
-  <stream>
-    <spu start="00:00:00.0"
-         highlight="C:\Größe\MMHighL.png"
-         select="C:\Größe\MMActL.png"
-         force="yes"
-         autoorder="rows">
-   <button name="MMB1" x0="99" y0="147" x1="180" y1="177"/>
-   <button name="MMB12" x0="99" y0="222" x1="180" y1="252"/>
-    </spu>
-  </stream>
-</subpictures>
-)"));
+  test::ExpectGolden(SpuOf(project, SpuFile::Frame), u"two_buttons.xml"_s);
+  test::ExpectGolden(SpuOf(project, SpuFile::Letterbox), u"two_buttons_letterbox.xml"_s);
 }
 
 TEST(SpuXml, GivesASwitchedMenuItsFourActions) {
@@ -62,23 +38,7 @@ TEST(SpuXml, GivesASwitchedMenuItsFourActions) {
 
   test::AddNode(project, u"MMB2"_s, u"MMB2AutoAction|AutoAction=1"_s);
   test::AddNode(project, u"MMB2AutoAction"_s, u"MMB2ActionLeft|ActionLeft=jump title 1;"_s);
-  EXPECT_EQ(SpuOf(project, SpuFile::Frame), test::WithCrLf(R"(<subpictures>
-  <stream>
-    <spu start="00:00:00.0"
-         highlight="C:\T\MMHigh.png"
-         select="C:\T\MMAct.png"
-         force="yes"
-         autoorder="rows">
-   <button name="MMB1" x0="99" y0="100" x1="180" y1="140"/>
-   <button name="MMB2" x0="299" y0="100" x1="380" y1="140"  left="Actionleft" right="Actionright" up="Actionup" down="Actiondown"/>
-     <action name="Actionleft"/>
-     <action name="Actionright"/>
-     <action name="Actionup"/>
-     <action name="Actiondown"/>
-    </spu>
-  </stream>
-</subpictures>
-)"));
+  test::ExpectGolden(SpuOf(project, SpuFile::Frame), u"switched_menu.xml"_s);
 
   project.Tree.Remove(u"MMB2Action"_s);
   EXPECT_FALSE(SpuOf(project, SpuFile::Frame).contains("ction")) << "its button is not on the disc";

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/film_record.h"
 #include "core/project_file.h"
 #include "designer/edit_context.h"
 #include "support/project_builder.h"
@@ -32,6 +33,13 @@ struct EditBench {
     return node ? node->Caption() : QStringLiteral("(none)");
   }
 
+  /// Captions of nodes whose keys stand apart by blanks.
+  QStringList Captions(const QString& keys) const {
+    QStringList captions;
+    for (const QString& key : keys.split(u' ')) captions << Caption(key);
+    return captions;
+  }
+
   /// Captions of a node's children.
   QStringList Children(const QString& key) const {
     QStringList captions;
@@ -50,6 +58,13 @@ struct EditBench {
   RecordingPrompter prompter;
   EditContext context{project, prompter, MeasureFixed};
 };
+
+inline FilmRecord Film(const QString& name = QStringLiteral("a")) {
+  FilmRecord film;
+  film.Name = name;
+  film.VideoFile = u"C:\\v\\" + name + u".m2v";
+  return film;
+}
 
 inline Settings TitleSetSettings() {
   Settings settings = FixedSettings();
