@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <vector>
 
 #include "platform/generated_file.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,30 +16,26 @@ namespace {
 
 class HostFilesTest : public testing::Test {
  protected:
-  HostFilesTest() { qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8()); }
-  ~HostFilesTest() override { qunsetenv("TORVANE_DRIVE_C"); }
+  QString Host(const QString& relative) const { return drive_.Host(relative); }
 
-  QString Host(const QString& relative) const { return dir_.path() + u'/' + relative; }
-
-  QTemporaryDir dir_;
+  test::DriveC drive_;
 };
 
 TEST_F(HostFilesTest, MapsDrivesBothWays) {
   EXPECT_EQ(HostFiles::ToDos(u"/home/u/a b.m2v"_s), u"Z:\\home\\u\\a b.m2v"_s);
-  EXPECT_EQ(HostFiles::ToHost(u"Z:\\home\\u\\nothing here.m2v"_s), u"/home/u/nothing here.m2v"_s);
-  EXPECT_EQ(HostFiles::ToHost(u"C:\\T\\x.xml"_s), Host(u"T/x.xml"_s));
-  EXPECT_EQ(HostFiles::ToHost(u"c:/T/x.xml"_s), Host(u"T/x.xml"_s));
-  EXPECT_EQ(HostFiles::ToHost(u"C:\\"_s), dir_.path());
+  const std::pair<QString, QString> paths[] = {
+      {u"Z:\\home\\u\\nothing here.m2v"_s, u"/home/u/nothing here.m2v"_s}, {u"C:\\T\\x.xml"_s, Host(u"T/x.xml"_s)},
+      {u"c:/T/x.xml"_s, Host(u"T/x.xml"_s)}, {u"C:\\"_s, drive_.Path()},
+      {u"relative\\x.bat"_s, u"relative/x.bat"_s}, {QString(), QString()}};
+  for (const auto& [dos, host] : paths) EXPECT_EQ(HostFiles::ToHost(dos), host) << dos.toStdString();
   EXPECT_TRUE(HostFiles::ToHost(u"Q:\\x"_s).endsWith(u"/torvane/drive_q/x"_s));
-  EXPECT_EQ(HostFiles::ToHost(u"relative\\x.bat"_s), u"relative/x.bat"_s);
-  EXPECT_EQ(HostFiles::ToHost(QString()), QString());
 }
 
 TEST_F(HostFilesTest, NoPathLeadsOutOfItsDrive) {
-  const QString root = dir_.path();
+  const QString root = drive_.Path();
   const QString former = QDir::currentPath();
-  QDir().mkpath(dir_.filePath(u"work"_s));
-  QDir::setCurrent(dir_.filePath(u"work"_s));
+  QDir().mkpath(Host(u"work"_s));
+  QDir::setCurrent(Host(u"work"_s));
   const std::vector<std::pair<QString, QString>> paths{
       {u"C:\\..\\..\\etc\\passwd"_s, root + u"/etc/passwd"_s},
       {u"C:\\a\\..\\..\\b\\.\\c"_s, root + u"/b/c"_s},
@@ -68,8 +63,7 @@ TEST_F(HostFilesTest, TakesWhatAUserTypes) {
 }
 
 TEST_F(HostFilesTest, FindsNamesWithoutRegardToCase) {
-  QDir(dir_.path()).mkpath(u"Filme/Größe"_s);
-  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\Filme\\Größe\\Urlaub.MPG"_s, "x"));
+  drive_.Write(u"Filme/Größe/Urlaub.MPG"_s);
   EXPECT_TRUE(HostFiles::FileExists(u"C:\\FILME\\GRÖßE\\urlaub.mpg"_s));
   EXPECT_EQ(HostFiles::ToHost(u"C:\\filme\\größe\\urlaub.mpg"_s), Host(u"Filme/Größe/Urlaub.MPG"_s));
   EXPECT_EQ(HostFiles::ToHost(u"C:\\filme\\Neu.mpg"_s), Host(u"Filme/Neu.mpg"_s));
@@ -80,7 +74,7 @@ TEST_F(HostFilesTest, FindsNamesWithoutRegardToCase) {
 TEST_F(HostFilesTest, AFailedWriteLeavesTheFormerFileAndNothingElse) {
   ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\keep.txt"_s, "first"));
   EXPECT_FALSE(HostFiles::WriteAtomically(u"C:\\missing\\x.txt"_s, "y"));
-  QDir(dir_.path()).mkdir(u"folder"_s);
+  QDir(drive_.Path()).mkdir(u"folder"_s);
   const Status refused = HostFiles::WriteAtomically(u"C:\\folder"_s, "y");
   EXPECT_FALSE(refused);
   EXPECT_TRUE(refused.Error().startsWith(Host(u"folder"_s))) << refused.Error().toStdString();
@@ -94,7 +88,7 @@ TEST_F(HostFilesTest, AGeneratedFileIsWholeOrAsItWas) {
   ASSERT_TRUE(WriteGeneratedFile(u"C:\\AUTHOR.XML"_s, "second"));
   EXPECT_EQ(*HostFiles::Read(u"C:\\Author.xml"_s), "second");
   EXPECT_EQ(QFileInfo(Host(u"Author.xml"_s)).permissions() & QFile::ReadGroup, QFile::ReadGroup);
-  QDir(dir_.path()).mkpath(u"folder/full"_s);
+  QDir(drive_.Path()).mkpath(u"folder/full"_s);
   const Status refused = WriteGeneratedFile(u"C:\\folder"_s, "y");
   EXPECT_EQ(refused.Error(), Host(u"folder"_s) + u": Is a directory"_s);
   EXPECT_EQ(WriteGeneratedFile(u"C:\\missing\\x.txt"_s, "y").Error(),
