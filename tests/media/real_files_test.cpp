@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QProcess>
-#include <QStringList>
 #include <QTemporaryDir>
 
 #include "media/audio_analysis.h"
@@ -12,6 +9,7 @@
 #include "media/video_head.h"
 #include "platform/host_files.h"
 #include "support/recording_prompter.h"
+#include "support/shell_command.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,18 +23,7 @@ struct Stream {
 
 class RealFiles : public testing::Test {
  protected:
-  /// Runs a command line of blank-separated words in the folder of the files and returns what it prints.
-  QString Run(const QString& command) {
-    QProcess process;
-    process.setWorkingDirectory(dir_.path());
-    process.setStandardInputFile(QProcess::nullDevice());
-    QStringList words = command.split(u' ');
-    process.start(words.takeFirst(), words);
-    const bool done =
-        process.waitForFinished(90000) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-    EXPECT_TRUE(done) << command.toStdString() << '\n' << process.readAllStandardError().toStdString();
-    return QString::fromUtf8(process.readAllStandardOutput());
-  }
+  QString Run(const QString& command) { return test::ShellCommand(dir_.path(), command); }
 
   void Encode(const QString& source, const QString& options) {
     Run(u"ffmpeg -v error -y -f lavfi -i "_s + source + u' ' + options);
@@ -101,7 +88,7 @@ TEST_F(RealFiles, PalFromElementaryStreamToFinishedDisc) {
 
 TEST_F(RealFiles, NtscWithAndWithoutDropFlag) {
   Encode(u"testsrc2=s=720x480:r=30000/1001:d=8"_s, u"-an -c:v mpeg2video -g 15 ntsc.m2v"_s);
-  Encode(u"testsrc2=s=720x480:r=30000/1001:d=8"_s, u"-an -c:v mpeg2video -g 15 -timecode 00:00:00;00 drop.m2v"_s);
+  Encode(u"testsrc2=s=720x480:r=30000/1001:d=8"_s, u"-an -c:v mpeg2video -g 15 -timecode '00:00:00;00' drop.m2v"_s);
   Encode(u"testsrc2=s=352x480:r=24000/1001:d=8"_s, u"-an -c:v mpeg2video -g 12 film.m2v"_s);
   Run(u"mplex -v 0 -f 8 -o film.mpg film.m2v"_s);
   EXPECT_EQ(Judge(u"ntsc.m2v"_s, u"2"_s, 0, 0), u"");

@@ -1,8 +1,7 @@
 #include "render/menu_pictures.h"
 
-#include <QProcess>
-
 #include "menu_fixture.h"
+#include "support/shell_command.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -12,18 +11,7 @@ namespace {
 class MenuPictures : public test::MenuFixture {
  protected:
   QString Host(const QString& name) const { return dir_.filePath(name); }
-
-  /// Runs a shell command in the directory of the pictures and answers its whole output.
-  QString Shell(const QString& command) const {
-    QProcess shell;
-    shell.setWorkingDirectory(dir_.path());
-    shell.setProcessChannelMode(QProcess::MergedChannels);
-    shell.start(u"sh"_s, {u"-ec"_s, command});
-    EXPECT_TRUE(shell.waitForFinished(60000)) << command.toStdString();
-    const QString output = QString::fromUtf8(shell.readAll());
-    EXPECT_EQ(shell.exitCode(), 0) << command.toStdString() << '\n' << output.toStdString();
-    return output;
-  }
+  QString Shell(const QString& command) const { return test::ShellCommand(dir_.path(), command); }
 };
 
 TEST_F(MenuPictures, ComeBackFromTheirFilesAsTheyWere) {

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <csignal>
 
 #include "platform/host_files.h"
 #include "run/console_capture.h"
 #include "run/interrupt_watch.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -70,13 +70,9 @@ class Recorder : public RunListener {
 class BatchRunTest : public testing::Test {
  protected:
   BatchRunTest() {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    HostFiles::MakeDir(u"C:\\T"_s);
-    HostFiles::MakeDir(u"C:\\O"_s);
     clock_.now = [] { return QDateTime(QDate(2024, 5, 6), QTime(7, 8, 9)); };
     clock_.milliseconds = [this] { return milliseconds_ += 1500; };
   }
-  ~BatchRunTest() override { qunsetenv("TORVANE_DRIVE_C"); }
 
   static RunRequest Request(const QStringList& batches) {
     RunRequest request;
@@ -95,7 +91,7 @@ class BatchRunTest : public testing::Test {
     ASSERT_TRUE(HostFiles::WriteAtomically(dosPath, content));
   }
 
-  QTemporaryDir dir_;
+  test::DriveC drive_{{u"T"_s, u"O"_s}};
   FakeConsole console_;
   Recorder recorder_;
   RunClock clock_;
@@ -308,7 +304,7 @@ TEST_F(BatchRunTest, ALogThatCannotBeWrittenFailsTheRunBeforeItStarts) {
   EXPECT_EQ(console_.ran, QStringList());
   const QString line =
       u"*ERROR The log file cannot be written: %1/nowhere/TorvaneAuthor.log: No such file or directory"_s;
-  EXPECT_EQ(run.ShownText(), u"\r\n"_s + line.arg(dir_.path()) + u"\r\n"_s);
+  EXPECT_EQ(run.ShownText(), u"\r\n"_s + line.arg(drive_.Path()) + u"\r\n"_s);
 }
 
 TEST_F(BatchRunTest, NoStepsAreARunThatFinishes) {

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,21 +14,14 @@ namespace {
 
 class SourceGuardTest : public testing::Test {
  protected:
-  SourceGuardTest() {
-    qputenv("TORVANE_DRIVE_C", dir_.path().toUtf8());
-    for (const char* folder : {"T/TempSub.d", "T/TempAudioMpg", "T/mine", "Films"})
-      QDir(dir_.path()).mkpath(QLatin1StringView(folder));
-  }
-  ~SourceGuardTest() override { qunsetenv("TORVANE_DRIVE_C"); }
-
   void Make(const QStringList& files) {
     for (const QString& file : files) ASSERT_TRUE(HostFiles::WriteAtomically(file, "x")) << file.toStdString();
   }
   void Link(const QString& target, const QString& link) {
-    ASSERT_TRUE(QFile::link(dir_.path() + u'/' + target, dir_.path() + u'/' + link));
+    ASSERT_TRUE(QFile::link(drive_.Path() + u'/' + target, drive_.Path() + u'/' + link));
   }
 
-  QTemporaryDir dir_;
+  test::DriveC drive_{{u"T/TempSub.d"_s, u"T/TempAudioMpg"_s, u"T/mine"_s, u"Films"_s}};
 };
 
 TEST_F(SourceGuardTest, NamesTheSourcesThatCleaningWouldDelete) {
@@ -40,7 +32,7 @@ TEST_F(SourceGuardTest, NamesTheSourcesThatCleaningWouldDelete) {
   const QStringList inDanger =
       uR"(C:\T\a.mpg|c:\t\A.MPG|C:\Films\..\T\a.mpg|C:\Way\a.mpg|C:\T\d.mpg|C:\Films\link.mpg|C:\T\tempsub.d\b.png|)"
       uR"(C:\T\missing.mpg|C:\Way\TempAudioMpg\e.mp2)"_s.split(u'|') +
-      QStringList{HostFiles::ToDos(dir_.path()) + u"\\T\\a.mpg"_s};
+      QStringList{HostFiles::ToDos(drive_.Path()) + u"\\T\\a.mpg"_s};
   const QStringList safe{u""_s, u"C:\\Films\\d.mpg"_s, u"C:\\T\\mine\\c.mpg"_s, u"C:\\T.mpg"_s, u"C:\\T2\\a.mpg"_s};
   EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger + inDanger, u"C:\\T"_s), inDanger);
   EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger, u"C:\\FILMS\\..\\t\\"_s), inDanger);
@@ -51,7 +43,7 @@ TEST_F(SourceGuardTest, CleaningLeavesSourcesOtherFoldersAndWhatLiesBehindLinks)
         u"C:\\T\\mine\\keep.txt"_s, u"C:\\Films\\d.mpg"_s});
   ASSERT_TRUE(HostFiles::RemoveDir(u"C:\\T\\TempAudioMpg"_s));
   Link(u"Films"_s, u"T/TempAudioMpg"_s);
-  QFile tricky(dir_.path() + u"/T/mine\\keep.txt"_s);
+  QFile tricky(drive_.Path() + u"/T/mine\\keep.txt"_s);
   ASSERT_TRUE(tricky.open(QIODevice::WriteOnly));
 
   CleanTempDir(u"C:\\T"_s, SourceGuard({u"c:\\t\\FILM.mpg"_s}));

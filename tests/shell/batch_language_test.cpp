@@ -1,5 +1,3 @@
-#include <vector>
-
 #include "console_fixture.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -9,54 +7,50 @@ namespace {
 
 using BatchLanguage = ConsoleTest;
 
-struct Case {
-  const char* lines;
-  const char* output;
-};
-
 TEST_F(BatchLanguage, PrintsWhatTheLinesSay) {
-  const std::vector<Case> cases{
-      {"echo (shrink and) mux video and audio files\r\n", "(shrink and) mux video and audio files\r\n"},
-      {"echo.\r\necho *mux to MMback.mpg\r\nECHO.text\r\n", "\r\n*mux to MMback.mpg\r\ntext\r\n"},
-      {"echo \"a & b | c > d\" ^& e ^> f ^^ g\r\n", "\"a & b | c > d\" & e > f ^ g\r\n"},
-      {"echo 100%% of %%PATH%%\r\necho a%nothing%b 5% c\r\n", "100% of %PATH%\r\nab 5 c\r\n"},
-      {"echo\r\n@echo   hi  \r\necho on the road\r\necho:on\r\n", "ECHO is off.\r\n  hi  \r\non the road\r\non\r\n"},
-      {"echo a&echo b& echo c&&echo d||echo e\r\n", "a\r\nb\r\nc\r\nd\r\n"},
-      {"REM echo a & echo b\r\nrem\r\n:: echo c\r\necho d\r\n", "d\r\n"},
-      {"set A=x y\r\nSET \"b=z\"\r\necho [%a%][%B%]\r\nset a=\r\necho [%A%]\r\n", "[x y][z]\r\n[]\r\n"},
-      {"set Q1=1\r\nset Q2=a=b\r\nset q\r\nset nothing_such\r\n",
-       "Q1=1\r\nQ2=a=b\r\nEnvironment variable nothing_such not defined\r\n"},
-      {"echo one ^\r\ntwo\r\n", "one two\r\n"},
-      {"goto Over\r\necho a\r\n:OVER here\r\necho b\r\ngoto:eof\r\necho c\r\n", "b\r\n"},
-      {"set n=1\r\n:again\r\nif %n%==3 goto end\r\nset n=%n%x\r\nif %n%==1x set n=2\r\nif %n%==2x set n=3\r\n"
-       "echo %n%\r\ngoto again\r\n:end\r\n",
-       "2\r\n3\r\n"},
-      {"if a==a echo same\r\nif not \"a b\"==\"a c\" echo other\r\nIF /I A==a echo case\r\nif A==a echo no\r\n",
-       "same\r\nother\r\ncase\r\n"},
-      {"if 10 GTR 9 echo number\r\nif b LSS a echo no\r\nif defined Q echo no\r\nset Q=1\r\nif defined q echo yes\r\n",
-       "number\r\nyes\r\n"},
-      {"if exist x.bat if exist \"C:\\T\\X.BAT\" echo there & echo too\r\nif exist C:\\nowhere\\nul echo no\r\n"
-       "if exist c:\\t\\NUL echo folder\r\nif not exist *.mpg echo none\r\n",
-       "there \r\ntoo\r\nfolder\r\nnone\r\n"},
-      {"call :sub 1 \"2 3\"\r\necho back %1\r\nexit /b 4\r\n:sub\r\necho %~1-%2-%3\r\n",
-       "1-\"2 3\"-\r\nback first\r\n"},
-      {"echo 0=%~nx0 1=%1 2=%~2 all=%*\r\n", "0=x.bat 1=first 2=and second all=first \"and second\" %3\r\n"},
-      {"exit /b 3 & echo not this\r\n", ""},
-      {"cd\r\ncd ..\r\ncd\r\ncd /d C:\\t\r\necho %CD%\r\ncd nowhere\r\n",
-       "C:\\T\r\nC:\\\r\nC:\\T\r\nThe system cannot find the path specified.\r\n"},
-      {"echo hidden > nul\r\nECHO shown>con.txt\r\ntype CON.TXT\r\n", "shown\r\n"},
-      {"echo one>a.txt\r\necho two >> A.TXT\r\n>>a.txt echo three\r\ntype a.txt\r\n", "one\r\ntwo \r\nthree\r\n"},
-      {"type nothing 2>e.txt\r\necho -\r\ntype nothing>e2.txt 2>&1\r\ntype e.txt e2.txt\r\n",
-       "-\r\nThe system cannot find the file specified.\r\nThe system cannot find the file specified.\r\n"},
-      {"echo through| type nothing\r\n", "The system cannot find the file specified.\r\n"},
-  };
-  for (const Case& batch : cases) {
-    EXPECT_EQ(RunBatch(batch.lines, {u"first"_s, u"and second"_s, u"%3"_s}), batch.output) << batch.lines;
-  }
+  ExpectOutputs(
+      {
+          {"echo (shrink and) mux video and audio files\r\n", "(shrink and) mux video and audio files\r\n"},
+          {"echo.\r\necho *mux to MMback.mpg\r\nECHO.text\r\n", "\r\n*mux to MMback.mpg\r\ntext\r\n"},
+          {"echo \"a & b | c > d\" ^& e ^> f ^^ g\r\n", "\"a & b | c > d\" & e > f ^ g\r\n"},
+          {"echo 100%% of %%PATH%%\r\necho a%nothing%b 5% c\r\n", "100% of %PATH%\r\nab 5 c\r\n"},
+          {"echo\r\n@echo   hi  \r\necho on the road\r\necho:on\r\n",
+           "ECHO is off.\r\n  hi  \r\non the road\r\non\r\n"},
+          {"echo a&echo b& echo c&&echo d||echo e\r\n", "a\r\nb\r\nc\r\nd\r\n"},
+          {"REM echo a & echo b\r\nrem\r\n:: echo c\r\necho d\r\n", "d\r\n"},
+          {"set A=x y\r\nSET \"b=z\"\r\necho [%a%][%B%]\r\nset a=\r\necho [%A%]\r\n", "[x y][z]\r\n[]\r\n"},
+          {"set Q1=1\r\nset Q2=a=b\r\nset q\r\nset nothing_such\r\n",
+           "Q1=1\r\nQ2=a=b\r\nEnvironment variable nothing_such not defined\r\n"},
+          {"echo one ^\r\ntwo\r\n", "one two\r\n"},
+          {"goto Over\r\necho a\r\n:OVER here\r\necho b\r\ngoto:eof\r\necho c\r\n", "b\r\n"},
+          {"set n=1\r\n:again\r\nif %n%==3 goto end\r\nset n=%n%x\r\nif %n%==1x set n=2\r\nif %n%==2x set n=3\r\n"
+           "echo %n%\r\ngoto again\r\n:end\r\n",
+           "2\r\n3\r\n"},
+          {"if a==a echo same\r\nif not \"a b\"==\"a c\" echo other\r\nIF /I A==a echo case\r\nif A==a echo no\r\n",
+           "same\r\nother\r\ncase\r\n"},
+          {"if 10 GTR 9 echo number\r\nif b LSS a echo no\r\nif defined Q echo no\r\nset Q=1\r\nif defined q echo "
+           "yes\r\n",
+           "number\r\nyes\r\n"},
+          {"if exist x.bat if exist \"C:\\T\\X.BAT\" echo there & echo too\r\nif exist C:\\nowhere\\nul echo no\r\n"
+           "if exist c:\\t\\NUL echo folder\r\nif not exist *.mpg echo none\r\n",
+           "there \r\ntoo\r\nfolder\r\nnone\r\n"},
+          {"call :sub 1 \"2 3\"\r\necho back %1\r\nexit /b 4\r\n:sub\r\necho %~1-%2-%3\r\n",
+           "1-\"2 3\"-\r\nback first\r\n"},
+          {"echo 0=%~nx0 1=%1 2=%~2 all=%*\r\n", "0=x.bat 1=first 2=and second all=first \"and second\" %3\r\n"},
+          {"exit /b 3 & echo not this\r\n", ""},
+          {"cd\r\ncd ..\r\ncd\r\ncd /d C:\\t\r\necho %CD%\r\ncd nowhere\r\n",
+           "C:\\T\r\nC:\\\r\nC:\\T\r\nThe system cannot find the path specified.\r\n"},
+          {"echo hidden > nul\r\nECHO shown>con.txt\r\ntype CON.TXT\r\n", "shown\r\n"},
+          {"echo one>a.txt\r\necho two >> A.TXT\r\n>>a.txt echo three\r\ntype a.txt\r\n", "one\r\ntwo \r\nthree\r\n"},
+          {"type nothing 2>e.txt\r\necho -\r\ntype nothing>e2.txt 2>&1\r\ntype e.txt e2.txt\r\n",
+           "-\r\nThe system cannot find the file specified.\r\nThe system cannot find the file specified.\r\n"},
+          {"echo through| type nothing\r\n", "The system cannot find the file specified.\r\n"},
+      },
+      {u"first"_s, u"and second"_s, u"%3"_s});
 }
 
 TEST_F(BatchLanguage, TellsWhatItCannotDoInALineThatTheScanFinds) {
-  const std::vector<Case> cases{
+  ExpectOutputs({
       {"goto nowhere\r\necho no\r\n", "*ERROR: The batch has no label nowhere\r\n"},
       {"call nowhere.bat\r\necho next\r\n",
        "*ERROR: the batch cannot be read: nowhere.bat: No such file or directory\r\nnext\r\n"},
@@ -67,8 +61,7 @@ TEST_F(BatchLanguage, TellsWhatItCannotDoInALineThatTheScanFinds) {
       {"\"C:\\tools\\muxman.exe\" -o a b\r\n", "*ERROR: muxman is not available on this system\r\n"},
       {"x.bat\r\n", "*ERROR: batches call each other too deeply\r\n"},
       {"call x.bat & call x.bat\r\n", "*ERROR: batches call each other too deeply\r\n"},
-  };
-  for (const Case& batch : cases) EXPECT_EQ(RunBatch(batch.lines), batch.output) << batch.lines;
+  });
 }
 
 TEST_F(BatchLanguage, ShowsCommandsWhileEchoIsOn) {

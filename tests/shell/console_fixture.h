@@ -9,6 +9,7 @@
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <string>
+#include <vector>
 
 #include "platform/host_files.h"
 #include "support/text_lines.h"
@@ -90,6 +91,16 @@ class ConsoleTest : public testing::Test {
   std::string RunBatch(const QByteArray& lines, const QStringList& arguments = {}) const {
     Write(u"x.bat"_s, "@echo off\r\n" + lines);
     return Run(QStringList{u"/c"_s, u"x.bat"_s} + arguments).output;
+  }
+
+  /// Runs lines as the batch "x.bat" and expects what it prints. In the lines "probe" is the test program, in the
+  /// output {C} the host's name of drive C.
+  void ExpectOutputs(const std::vector<std::pair<QByteArray, QByteArray>>& cases,
+                     const QStringList& arguments = {}) const {
+    for (auto [lines, output] : cases) {
+      const std::string expected = output.replace("{C}", Drive().toUtf8()).toStdString();
+      EXPECT_EQ(RunBatch(lines.replace("probe", Probe()), arguments), expected) << lines.toStdString();
+    }
   }
 
   /// The test program as a batch names it.

@@ -2,24 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QXmlStreamReader>
-#include <vector>
+
+#include "platform/host_files.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
 
-struct Mended {
-  const char* written;
-  const char* mended;
-};
-
 TEST(ControlFile, BecomesWellFormed) {
-  const std::vector<Mended> cases{
+  const std::pair<const char*, const char*> cases[] = {
       // What is well-formed stays as it is.
       {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<pgc entry='root'>\r\n  <pre> { button=1024; } "
        "</pre>\r\n</pgc>\r\n",
@@ -54,7 +48,7 @@ TEST(ControlFile, BecomesWellFormed) {
       {"<vob file=\"never closed", "&lt;vob file=\"never closed"},
       {"", ""},
   };
-  for (const Mended& file : cases) EXPECT_EQ(ControlFile(file.written).ToBytes().toStdString(), file.mended);
+  for (const auto& [written, mended] : cases) EXPECT_EQ(ControlFile(written).ToBytes().toStdString(), mended);
 }
 
 TEST(ControlFile, ReadsUtf8AndElseTheDosCodePage) {
@@ -105,13 +99,10 @@ TEST(ControlFile, ExcludesPanScanWhereSubpicturesHaveTwoOtherForms) {
 }
 
 TEST(ControlFile, TakesAValueAsItStandsWhereSuchAFileExists) {
-  QTemporaryDir dir;
-  qputenv("TORVANE_DRIVE_C", dir.path().toUtf8());
-  QFile file(dir.filePath(u"R&amp;B.mpg"_s));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const test::DriveC drive;
+  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\R&amp;B.mpg"_s, {}));
   EXPECT_EQ(PathOfValue(u"C:\\R&amp;B.mpg"_s), u"C:\\R&amp;B.mpg"_s);
   EXPECT_EQ(PathOfValue(u"C:\\Q&amp;A &lt;&#228;&#x20AC;&quot;&apos;.mpg"_s), u"C:\\Q&A <ä€\"'.mpg"_s);
-  qunsetenv("TORVANE_DRIVE_C");
 }
 
 TEST(ControlFile, KnowsTheStatedVideoFormat) {

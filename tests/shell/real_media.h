@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QImage>
-#include <QStandardPaths>
 
 #include "console_fixture.h"
 #include "media/palette.h"
 #include "media/palette_file.h"
+#include "support/shell_command.h"
 
 namespace torvane::test {
 
@@ -22,20 +22,7 @@ inline QList<int> StableColors() {
 /// A console with the tools of this machine, and small media that they make.
 class RealMediaTest : public ConsoleTest {
  protected:
-  /// Runs a program of this machine in C:\T; what it prints is part of a failure's message.
-  void Make(const QString& program, const QStringList& arguments) const {
-    QProcess process;
-    process.setWorkingDirectory(Host({}));
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.start(QStandardPaths::findExecutable(program), arguments);
-    ASSERT_TRUE(process.waitForFinished(60000));
-    ASSERT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
-  }
-
-  void Ffmpeg(const QString& arguments) const {
-    Make(u"ffmpeg"_s, u"-v error -y %1"_s.arg(arguments).split(QChar(u' ')));
-  }
+  void Ffmpeg(const QString& arguments) const { ShellCommand(Host({}), u"ffmpeg -v error -y "_s + arguments); }
 
   /// A still picture of one colour as an elementary stream "v.m2v", in the lines of a generated batch.
   std::string MakeStill(const char* norm) const {

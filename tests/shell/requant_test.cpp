@@ -46,13 +46,13 @@ Groups GroupsOf(const QByteArray& video) {
 }
 
 TEST_F(RequantTest, MeetsTheSizeAndKeepsWhatDvdAsksFor) {
-  struct Case {
+  const struct {
     bool pal;
     int aspect;
     bool topFirst;
     double factor;
-  };
-  for (const Case& c : {Case{true, 3, true, 1.25}, Case{false, 2, false, 2.1}}) {
+  } cases[] = {{true, 3, true, 1.25}, {false, 2, false, 2.1}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.factor);
     MakeVideo(c.pal, c.aspect, c.topFirst, 4);
     const std::string printed = RunBatch(Line(c.factor));
@@ -87,8 +87,7 @@ TEST_F(RequantTest, TellsWhyItFailedAndLeavesNothing) {
   const std::string name = Host(u"a.m2v"_s).toStdString();
   const auto expect = [this](const std::string& message) {
     const std::string printed = RunBatch(Line(1.25));
-    EXPECT_NE(printed.find("ERR:  requant: " + message + "\r\n\r\n*ERROR: requant ended with status 1\r\n"),
-              std::string::npos)
+    EXPECT_TRUE(Contains(printed, "ERR:  requant: " + message + "\r\n\r\n*ERROR: requant ended with status 1\r\n"))
         << printed;
     EXPECT_EQ(Files(), (QStringList{u"a.m2v"_s, u"x.bat"_s}));
   };
@@ -96,8 +95,7 @@ TEST_F(RequantTest, TellsWhyItFailedAndLeavesNothing) {
   expect(name + ": no MPEG-2 video");
   Ffmpeg(u"-f lavfi -i testsrc2=s=352x288:r=25:d=1 -c:v mpeg1video -f mpeg1video a.m2v"_s);
   expect(name + ": no MPEG-2 video");
-  EXPECT_NE(RunBatch("requant x C:\\T\\a.m2v C:\\T\\b.mpv\r\n").find("usage: requant FACTOR INPUT OUTPUT"),
-            std::string::npos);
+  EXPECT_TRUE(Contains(RunBatch("requant x C:\\T\\a.m2v C:\\T\\b.mpv\r\n"), "usage: requant FACTOR INPUT OUTPUT"));
 
   // The second half cannot be decoded: what is left shows too little.
   Ffmpeg(u"-f lavfi -i testsrc2=s=720x576:r=25:d=4 -c:v mpeg2video -b:v 4000k -f mpeg2video a.m2v"_s);

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include "platform/host_files.h"
+#include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,21 +13,18 @@ namespace torvane {
 namespace {
 
 TEST(ToolProgram, TheCheckAtStartKnowsWhatABatchWillFind) {
-  const QTemporaryDir dir;
+  const test::DriveC drive;
   const QByteArray path = qgetenv("PATH");
-  qputenv("TORVANE_DRIVE_C", dir.path().toUtf8());
-  qputenv("PATH", dir.path().toUtf8());
+  qputenv("PATH", drive.Path().toUtf8());
   const auto lay = [](const QString& dosPath, const QByteArray& content, bool isExecutable) {
     ASSERT_TRUE(HostFiles::WriteAtomically(dosPath, content));
     const auto run = isExecutable ? QFile::ExeOwner : QFile::Permissions();
     QFile::setPermissions(HostFiles::ToHost(dosPath), QFile::ReadOwner | QFile::WriteOwner | run);
   };
   const auto found = [] {
-    QStringList names;
-    for (const QString& name : {u"dvdauthor.exe"_s, u"mkisofs.exe"_s, u"insnav.exe"_s, u"muxman.exe"_s,
-                                u"DGIndex.exe"_s, u"DGDecode.dll"_s, u"viewer.exe"_s}) {
-      if (HasTool(u"C:\\"_s + name)) names << name;
-    }
+    QStringList names =
+        u"dvdauthor.exe mkisofs.exe insnav.exe muxman.exe DGIndex.exe DGDecode.dll viewer.exe"_s.split(u' ');
+    names.removeIf([](const QString& name) { return !HasTool(u"C:\\"_s + name); });
     return names.join(u' ');
   };
   EXPECT_EQ(found(), u"insnav.exe"_s) << "a tool of the console itself";
@@ -42,7 +39,6 @@ TEST(ToolProgram, TheCheckAtStartKnowsWhatABatchWillFind) {
   lay(u"C:\\viewer.exe"_s, "#!/bin/sh\n", true);
   EXPECT_EQ(found(), u"dvdauthor.exe mkisofs.exe insnav.exe muxman.exe DGIndex.exe DGDecode.dll viewer.exe"_s);
   qputenv("PATH", path);
-  qunsetenv("TORVANE_DRIVE_C");
 }
 
 }  // namespace
