@@ -12,6 +12,8 @@
 
 namespace torvane::test {
 
+using namespace Qt::Literals::StringLiterals;
+
 /// Damaged input for the console's own tools, which must end with a result or a message and leave nothing unfinished.
 class ToolMutations {
  public:
@@ -19,9 +21,8 @@ class ToolMutations {
 
   /// One damaged file for each tool. Returns what was broken, "" for nothing.
   QString Round() {
-    return Tool(kSup2Png, Sup(), {QStringLiteral("in")}, {QStringLiteral("in.d")}) +
-           Tool(kInsnav, Film(), {QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("in")},
-                {QStringLiteral("out")});
+    return Tool(kSup2Png, Sup(), {u"in"_s}, {u"in.d"_s}) +
+           Tool(kInsnav, Film(), {u"-o"_s, u"out"_s, u"in"_s}, {u"out"_s});
   }
 
   int Succeeded() const { return succeeded_; }
@@ -32,18 +33,18 @@ class ToolMutations {
   QString Tool(const OwnTool& tool, QByteArray input, QStringList arguments, const QStringList& results) {
     for (int i = Below(6); i > 0; --i) input[Below(int(input.size()))] = char(Below(256));
     if (Below(8) == 0) input.truncate(Below(int(input.size())));
-    QFile file(dir_.filePath(QStringLiteral("in")));
-    if (!file.open(QIODevice::WriteOnly) || file.write(input) != input.size()) return QStringLiteral("cannot write");
+    QFile file(dir_.filePath(u"in"_s));
+    if (!file.open(QIODevice::WriteOnly) || file.write(input) != input.size()) return u"cannot write"_s;
     file.close();
     for (QString& argument : arguments) {
       if (!argument.startsWith(QChar(u'-'))) argument = dir_.filePath(argument);
     }
     const Result<QString> done = tool.run(arguments);
     succeeded_ += done ? 1 : 0;
-    const QStringList expected = QStringList{QStringLiteral("in")} + (done ? results : QStringList());
+    const QStringList expected = QStringList{u"in"_s} + (done ? results : QStringList());
     const QStringList left = QDir(dir_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
-    if (left != expected) return QStringLiteral("left ") + left.join(QChar(u' '));
-    if (!done && !done.Error().startsWith(file.fileName())) return QStringLiteral("said ") + done.Error();
+    if (left != expected) return u"left "_s + left.join(QChar(u' '));
+    if (!done && !done.Error().startsWith(file.fileName())) return u"said "_s + done.Error();
     for (const QString& result : results) {
       QFile::remove(dir_.filePath(result));
       QDir(dir_.filePath(result)).removeRecursively();
