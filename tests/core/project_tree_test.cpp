@@ -105,18 +105,15 @@ TEST(ProjectTree, KeepsItsLinksThroughRandomChanges) {
   const auto key = [&random] { return QString::number(random.bounded(60)); };
   for (int round = 0; round < 20000; ++round) {
     const auto relation = static_cast<Relation>(random.bounded(5));
-    switch (random.bounded(4)) {
-      case 0:
-        tree.Add(Node(key()));
-        break;
-      case 1:
-        tree.Add(Node(key()), key(), relation);
-        break;
-      case 2:
-        tree.Move(key(), key(), relation);
-        break;
-      default:
-        if (random.bounded(4) == 0) tree.Remove(key());
+    const int choice = random.bounded(16);
+    if (choice < 4) {
+      tree.Add(Node(key()));
+    } else if (choice < 8) {
+      tree.Add(Node(key()), key(), relation);
+    } else if (choice < 12) {
+      tree.Move(key(), key(), relation);
+    } else if (choice == 12) {
+      tree.Remove(key());
     }
     if (round % 100 != 0) continue;
     qsizetype visited = 0;

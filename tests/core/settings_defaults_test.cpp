@@ -100,10 +100,7 @@ TEST_F(LoadSettingsTest, AnIntroThatIsMissingIsNotUsed) {
 
 TEST_F(LoadSettingsTest, AMissingDirectoryGivesWayToItsParentAndTheUserIsToldWhereItWasNamed) {
   const QString appPath = Dos(u"app"_s);
-  const struct {
-    QString wanted;
-    QString taken;
-  } cases[] = {
+  const std::pair<QString, QString> cases[] = {
       {u"C:\\Films"_s, u"C:\\Films"_s},
       {u"C:\\Films\\"_s, u"C:\\Films"_s},
       {u"C:\\Films\\a\\b\\c\\d"_s, u"C:\\Films"_s},
@@ -129,10 +126,10 @@ TEST_F(LoadSettingsTest, FilesThatWouldBeDeletedFromTheTemporaryDirectoryAreTold
   EXPECT_EQ(Load({{u"TempDir"_s, u"C:\\Films"_s}}).TempDir, u"C:\\Films"_s);
   EXPECT_EQ(prompter_.Told(), QStringList());
   Load({{u"TempDir"_s, u"C:\\Films"_s}, {u"AutoDelete"_s, u"1"_s}});
-  EXPECT_EQ(prompter_.Told(), QStringList{u"The temp directory: C:\\Films is not empty, and you have set the\r\n"
-                                u"option to delete files in this temp directory after authoring.\r\n"
-                                u"Please make sure that there are no files you want to keep\r\n"
-                                u"before you run 'Create DVD'!"_s});
+  EXPECT_EQ(prompter_.Told(),
+            QStringList{u"The temp directory: C:\\Films is not empty, and you have set the\r\n"
+                        u"option to delete files in this temp directory after authoring.\r\n"
+                        u"Please make sure that there are no files you want to keep\r\nbefore you run 'Create DVD'!"_s});
 }
 
 TEST_F(LoadSettingsTest, MissingViewersAreToldWhereAsked) {
@@ -148,16 +145,11 @@ TEST_F(LoadSettingsTest, MissingViewersAreToldWhereAsked) {
 TEST_F(LoadSettingsTest, ModesFontsMasksAndLanguageFollow) {
   drive_.Write(u"app/GifMask/star.gif"_s);
   drive_.Write(u"Films/own.gif"_s);
-  const Settings settings = Load({{u"LangID"_s, u"2000"_s},
-                                  {u"NoMenus"_s, u"1"_s},
-                                  {u"AnimatedMainMenu"_s, u"1"_s},
-                                  {u"AdvancedMode"_s, u"1"_s},
-                                  {u"DefaultFont"_s, u"Times\\10.5\\1\\0\\0\\1"_s},
-                                  {u"TitleFont"_s, u"Courier\\8\\0\\0\\0\\0"_s},
-                                  {u"OwnGifMaskDir"_s, u"C:\\Films\\"_s},
-                                  {u"DefAnimGif"_s, u"1;33,5;-4;5;2;star.gif"_s},
-                                  {u"DefImagGif"_s, u"1;50;0;0;0;own.gif"_s},
-                                  {u"DefBackButtonGif"_s, u"1;50;0;0;0;gone.gif"_s}});
+  const Settings settings = Load(
+      {{u"LangID"_s, u"2000"_s}, {u"NoMenus"_s, u"1"_s}, {u"AnimatedMainMenu"_s, u"1"_s}, {u"AdvancedMode"_s, u"1"_s},
+       {u"DefaultFont"_s, uR"(Times\10.5\1\0\0\1)"_s}, {u"TitleFont"_s, uR"(Courier\8\0\0\0\0)"_s},
+       {u"OwnGifMaskDir"_s, u"C:\\Films\\"_s}, {u"DefAnimGif"_s, u"1;33,5;-4;5;2;star.gif"_s},
+       {u"DefImagGif"_s, u"1;50;0;0;0;own.gif"_s}, {u"DefBackButtonGif"_s, u"1;50;0;0;0;gone.gif"_s}});
   EXPECT_EQ(CurrentLanguage(), kGerman);
   EXPECT_TRUE(settings.GoNextTitle && settings.NoShowTitleSetMenu);
   EXPECT_FALSE(settings.AnimatedMainMenu || settings.AdvancedMode);
@@ -172,7 +164,6 @@ TEST_F(LoadSettingsTest, ModesFontsMasksAndLanguageFollow) {
 
 TEST_F(LoadSettingsTest, WhatCannotBeWrittenBesideTheProgramGoesToTheUsersData) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  prompter_.boxes.clear();
   const Settings settings = LoadSettings({.profileDir = Host(u"profile"_s),
                                           .overrides = {{u"OutDir"_s, u"C:\\nothing"_s}},
                                           .appPath = Dos(u"no program here"_s)},

@@ -126,8 +126,9 @@ TEST_F(StartCommandTest, AMultiplexedVideoTakesNoSound) {
   const QString line = u"\"C:\\My.Film.MPG\" \"C:\\a.ac3\" \"C:\\none.ac3\""_s;
   const StartFilm expected{.film = {.Name = u"My"_s, .VideoFile = u"C:\\My.Film.MPG"_s}};
   EXPECT_TRUE(ReadFilm(line) == expected);
-  EXPECT_EQ(prompter_.Told(), QStringList{u"Add. audio files are not allowed for multiplexed videos (MPG Video files)\r\n"
-                                u"Videofile: C:\\My.Film.MPG"_s});
+  EXPECT_EQ(prompter_.Told(),
+            QStringList{u"Add. audio files are not allowed for multiplexed videos (MPG Video files)\r\n"
+                        u"Videofile: C:\\My.Film.MPG"_s});
   settings_.Engine = 1;
   EXPECT_FALSE(ReadFilm(line));
   EXPECT_EQ(prompter_.Told(), QStringList{u"VideoFile not found: My.Film.MPG"_s});
