@@ -1,5 +1,6 @@
 #include "cli/project_info.h"
 
+#include "compilers/disc_checks.h"
 #include "compilers/plan_check.h"
 #include "core/action_strings.h"
 #include "core/audio_title_set.h"
@@ -75,7 +76,7 @@ QString Findings(const Project& project) {
       if (button.Action().value_or(QString()).isEmpty()) text += u"  button without action: %1\n"_s.arg(button.Key());
     }
   }
-  for (const QString& finding : PlanFindings(project)) text += u"  "_s + finding + u'\n';
+  for (const QString& finding : PlanFindings(project) + TemporaryNameFindings(project) + BatchTextFindings(project)) text += u"  "_s + finding + u'\n';
   return text;
 }
 

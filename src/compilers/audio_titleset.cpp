@@ -5,6 +5,7 @@
 
 #include "compilers/scene_time.h"
 #include "core/action_strings.h"
+#include "core/film_view.h"
 #include "core/keys.h"
 #include "core/text.h"
 #include "core/timecode.h"
@@ -15,11 +16,6 @@ namespace torvane {
 namespace {
 
 constexpr double kSecondsADay = 86400;
-
-QString TagOf(const ProjectTree& tree, Attribute attribute, int film) {
-  const ProjectNode* node = tree.Find(FilmNodeKey(attribute, film));
-  return node ? node->Tag() : QString();
-}
 
 QString AudioFolder(const Settings& settings) {
   return settings.TempDir + u"\\TempAudioMpg";
@@ -57,11 +53,11 @@ QString DisplayMode(const Settings& settings) {
 }  // namespace
 
 int AudioTrackCount(const ProjectTree& tree, int film) {
-  return std::clamp(ValToInt(TagOf(tree, film_node::AudioTitles, film)), 0, kMaxAudioTitles);
+  return std::clamp(ValToInt(FilmView(tree, film).Tag(film_node::AudioTitles)), 0, kMaxAudioTitles);
 }
 
 bool HasOneTitle(const ProjectTree& tree, int film) {
-  return TagOf(tree, film_node::AudioLayout, film) == u"1";
+  return FilmView(tree, film).Tag(film_node::AudioLayout) == u"1";
 }
 
 QString AudioTrackFile(const Settings& settings, int film, int track) {

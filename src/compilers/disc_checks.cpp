@@ -10,6 +10,7 @@
 #include "core/menu_view.h"
 #include "core/messages.h"
 #include "core/resource_paths.h"
+#include "core/size_bar.h"
 #include "core/text.h"
 #include "platform/host_files.h"
 #include "run/source_guard.h"
@@ -21,6 +22,11 @@ namespace {
 
 constexpr qsizetype kMostMenuNames = 10;
 constexpr int kMostDeletions = 10000;
+
+bool RefusesNothing(const QStringList& findings, Prompter& prompter) {
+  if (!findings.isEmpty()) prompter.Fail(findings.join(u"\r\n"));
+  return findings.isEmpty();
+}
 
 bool Agrees(const QString& text, const QString& title, BoxKind kind, Prompter& prompter) {
   return prompter.Show({.kind = kind, .buttons = BoxButtons::OkCancel, .text = text, .title = title}) == Answer::Ok;
@@ -223,8 +229,7 @@ bool ClearOldIso(const Project& project, Prompter& prompter) {
 
 bool CheckFreeSpace(const Project& project, Prompter& prompter) {
   const Settings& settings = project.Settings;
-  const ProjectNode* totalNode = project.Tree.Find(kTotalSizeKey.toString());
-  const qint64 total = totalNode ? ValToInt(totalNode->Value(kTotalSizeLabel.size())) : 0;
+  const qint64 total = TotalSizeMB(project);
   const qint64 extra = ExtraMB(project);
   const bool iso = settings.CreateISO;
   const QString isoFile = IsoFile(settings);
@@ -265,22 +270,22 @@ bool CheckSourcesSafe(const Project& project, Prompter& prompter) {
                 u"elsewhere or choose another output directory:"_s;
     findings += inDisc;
   }
-  if (findings.isEmpty()) return true;
-  prompter.Fail(findings.join(u"\r\n"));
-  return false;
+  return RefusesNothing(findings, prompter);
 }
 
-bool CheckTemporaryNames(const Project& project, Prompter& prompter) {
+QStringList TemporaryNameFindings(const Project& project) {
   QStringList findings;
   FindSameNames(project, findings);
   FindOverwrittenSources(project, findings);
   FindEmptiedSources(project, findings);
-  if (findings.isEmpty()) return true;
-  prompter.Fail(findings.join(u"\r\n"));
-  return false;
+  return findings;
 }
 
-bool CheckBatchTexts(const Project& project, Prompter& prompter) {
+bool CheckTemporaryNames(const Project& project, Prompter& prompter) {
+  return RefusesNothing(TemporaryNameFindings(project), prompter);
+}
+
+QStringList BatchTextFindings(const Project& project) {
   static const QRegularExpression forbiddenInPath(u"[\"\\x{00}-\\x{1f}]"_s);
   static const QRegularExpression forbiddenInName(u"[\"/\\\\\\x{00}-\\x{1f}]"_s);
   static const QRegularExpression delay(u"^-?[0-9]{1,9}$"_s);
@@ -300,9 +305,11 @@ bool CheckBatchTexts(const Project& project, Prompter& prompter) {
       findings << u"The audio delay of film %1 is no whole number of milliseconds: %2"_s.arg(i).arg(*text);
     }
   }
-  if (findings.isEmpty()) return true;
-  prompter.Fail(findings.join(u"\r\n"));
-  return false;
+  return findings;
+}
+
+bool CheckBatchTexts(const Project& project, Prompter& prompter) {
+  return RefusesNothing(BatchTextFindings(project), prompter);
 }
 
 }  // namespace torvane

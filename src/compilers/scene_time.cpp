@@ -41,14 +41,13 @@ QString NonDropSceneTime(const QString& time) {
   const double fraction = point < 0 ? 0 : Val(time.mid(point));
   const double days = (SecondsOf(time.left(point)) + fraction) / 86400 * kNonDropClock;
   auto milliseconds = qint64(days * kMillisecondsADay);
-  qint64 rest = milliseconds % 1000;
+  const qint64 rest = milliseconds % 1000;
   int frames = FramesAt30(rest);
   if (rest - qint64(frames * kFrameMilliseconds) > kHalfFrame) {
     if (rest <= kLastFrameEnd) {
       if (frames < kLastFrame) ++frames;
     } else {
       milliseconds += 1000 - rest;
-      rest = 0;
       frames = 0;
     }
   }

@@ -80,11 +80,6 @@ AudioLayout ReadLayout(const FilmView& view) {
   return layout;
 }
 
-QString TagOf(const ProjectTree& tree, Attribute attribute, int film) {
-  const ProjectNode* node = tree.Find(FilmNodeKey(attribute, film));
-  return node ? node->Tag() : QString();
-}
-
 }  // namespace
 
 AudioLayout DefaultAudioLayout(const Settings& settings) {
@@ -137,7 +132,7 @@ AudioTitleStore ReadAudioTitleSet(const ProjectTree& tree, int film) {
                             .Image = value(audio_title_node::Image),
                             .Size = ValToInt(value(audio_title_node::Size))});
   }
-  store.AudioTSLayoutType = TagOf(tree, film_node::AudioLayout, film);
+  store.AudioTSLayoutType = view.Tag(film_node::AudioLayout);
   store.Layout = ReadLayout(view);
   store.TotalSize = ValToInt(text(film_node::TotalSize));
   store.PreAction = text(film_node::PreAction);
@@ -155,7 +150,7 @@ void WriteAudioTitleSet(ProjectTree& tree, int film, const AudioTitleStore& stor
   WantedNode layout = Node(film_node::AudioLayout, film, {});
   layout.node.Tag = store.AudioTSLayoutType;
   WantedNode animated = Node(film_node::Animated, film, u"0"_s);
-  animated.node.Tag = TagOf(tree, film_node::Animated, film);
+  animated.node.Tag = FilmView(tree, film).Tag(film_node::Animated);
   WriteChildren(tree, head,
                 {titles, layout, Node(film_node::TotalSize, film, QString::number(store.TotalSize)), animated,
                  Node(film_node::PreAction, film, store.PreAction, !store.PreAction.isEmpty()),

@@ -59,9 +59,11 @@ Status ChangeJournal::Flush() {
     changed_ = failed_ = false;
     return {};
   }
-  // What stands in the file may be torn at its end, so that nothing can follow it.
-  Remove();
-  changed_ = true;
+  // What stands in the file may be torn at its end, so that nothing can follow it; but it is the best there is until a
+  // new one is whole.
+  file_.close();
+  if (lock_) HostFiles::RemoveFile(path_ + kNewEnding);
+  block_ = {};
   flushAt_ = clock_() + kRetryMs;
   if (std::exchange(failed_, true)) return {};
   return Failure{u"Unsaved work cannot be kept safe from a crash: "_s + done.Error()};

@@ -1,6 +1,6 @@
 #include "core/film_record.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "core/film_view.h"
 #include "core/node_writer.h"
@@ -83,12 +83,12 @@ class FilmNodes {
   int film_;
 };
 
-QString TagOf(const ProjectTree& tree, Attribute attribute, int film) {
-  const ProjectNode* node = tree.Find(FilmNodeKey(attribute, film));
-  return node ? node->Tag() : QString();
-}
-
 }  // namespace
+
+bool IsMultiplexedFile(QStringView path) {
+  const QString ending = path.last(std::min<qsizetype>(3, path.size())).toString().toUpper();
+  return ending == u"MPG" || ending == u"VOB";
+}
 
 int AddFilmSubtree(Project& project, const FilmRecord& record, const QString& ownerMenu, int buttonNumber) {
   const int film = ++project.FilmCount;
@@ -112,14 +112,14 @@ FilmRecord ReadFilmNodes(const ProjectTree& tree, int film) {
   FilmRecord record;
   record.Name = view.Name();
   record.VideoFile = view.Video();
-  record.MpegVersion = TagOf(tree, film_node::Video, film);
+  record.MpegVersion = view.Tag(film_node::Video);
   record.SizeMB = number(film_node::VideoSize);
   record.ResH = number(film_node::ResH);
   record.ResV = number(film_node::ResV);
   record.FPS = Val(text(film_node::Fps));
   record.Aspect = text(film_node::Aspect);
   record.Duration = text(film_node::Duration);
-  record.DurationSec = Val(TagOf(tree, film_node::Duration, film)) / kHundredths;
+  record.DurationSec = Val(view.Tag(film_node::Duration)) / kHundredths;
   if (const auto shrink = view.Text(film_node::ShrinkTo)) record.ShrinkTo = ValToInt(*shrink);
   for (int stream = 1; stream <= kFilmStreams; ++stream) {
     record.Audio[stream - 1] = view.Audio(stream).value_or(QString());
@@ -134,7 +134,7 @@ FilmRecord ReadFilmNodes(const ProjectTree& tree, int film) {
   record.TotalSize = number(film_node::TotalSize);
   record.LanguageTags = text(film_node::LanguageTags);
   record.FilmMux = number(film_node::Mux);
-  record.MuxOK = ValToInt(TagOf(tree, film_node::Mux, film));
+  record.MuxOK = ValToInt(view.Tag(film_node::Mux));
   record.Animated = number(film_node::Animated);
   record.PreAction = text(film_node::PreAction);
   record.PostAction = text(film_node::PostAction);
@@ -146,7 +146,7 @@ void WriteFilmNodes(ProjectTree& tree, int film, const FilmRecord& record) {
   const QString head = FilmNodeKey(film_node::Name, film);
   const FilmNodes nodes(film);
   tree.SetCaption(head, film_node::Name.Label + record.Name);
-  WriteChildren(tree, head, nodes.OfFilm(record, TagOf(tree, film_node::Animated, film)));
+  WriteChildren(tree, head, nodes.OfFilm(record, FilmView(tree, film).Tag(film_node::Animated)));
   WriteChildren(tree, FilmNodeKey(film_node::Video, film), nodes.OfVideo(record));
 }
 

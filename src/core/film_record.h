@@ -41,6 +41,10 @@ struct FilmRecord {
   bool operator==(const FilmRecord&) const = default;
 };
 
+/// True for a video that is multiplexed already: its path ends with "MPG" or "VOB". Any other is an elementary stream,
+/// to which sound, subtitles and a shrink target can be given.
+bool IsMultiplexedFile(QStringView path);
+
 /// Adds the nodes of film number `FilmCount` + 1 at the end of the root level and counts it. `ownerMenu` is the menu
 /// that holds its button, `buttonNumber` the button's number there. Returns the film's number.
 int AddFilmSubtree(Project& project, const FilmRecord& film, const QString& ownerMenu, int buttonNumber);

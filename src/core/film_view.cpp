@@ -16,6 +16,11 @@ std::optional<QString> FilmView::Text(Attribute attribute) const {
   return TextAt(FilmNodeKey(attribute, film_), attribute.Label.size());
 }
 
+QString FilmView::Tag(Attribute attribute) const {
+  const ProjectNode* node = tree_->Find(FilmNodeKey(attribute, film_));
+  return node ? node->Tag() : QString();
+}
+
 bool FilmView::IsAudioTitleSet() const {
   const ProjectNode* root = tree_->Find(FilmKey(film_));
   return root && root->Caption().contains(kAudioTitleSetMark);

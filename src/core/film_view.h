@@ -17,6 +17,7 @@ class FilmView {
   bool IsAudioTitleSet() const;
 
   std::optional<QString> Text(Attribute attribute) const;
+  QString Tag(Attribute attribute) const;  ///< "" for a node without one
   QString Name() const { return Text(film_node::Name).value_or(QString()); }
   QString Video() const { return Text(film_node::Video).value_or(QString()); }
   QString Chapters() const { return Text(film_node::Chapters).value_or(QString()); }

@@ -71,11 +71,6 @@ QString WithoutQuotes(QString text) {
   return text;
 }
 
-bool IsMultiplexed(const QString& path) {
-  const QString extension = GetExtensionUpper(path);
-  return extension == u"MPG" || extension == u"VOB";
-}
-
 /// The name under which the source browser shows a file: of that name in any case, and of one of its patterns.
 std::optional<QString> FindSource(const PathParts& wanted, const Settings& settings) {
   const QStringList patterns = SourcePatterns(settings);
@@ -98,7 +93,7 @@ void ReadAudio(const StartCommand& command, const FileJudge& isAudio, Prompter& 
     const Quoted quoted = FindQuoted(text, from);
     if (!quoted || quoted.close > end) return;
     from = quoted.close + 1;
-    if (IsMultiplexed(film.VideoFile)) {
+    if (IsMultiplexedFile(film.VideoFile)) {
       prompter.Warn(GetMessage(151) + u"\r\n" + GetMessage(152, {{u"|1", film.VideoFile}}));
       return;
     }

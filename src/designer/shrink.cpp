@@ -6,6 +6,7 @@
 #include "core/edit.h"
 #include "core/film_view.h"
 #include "core/messages.h"
+#include "core/size_bar.h"
 #include "core/text.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -88,8 +89,7 @@ bool ShrinkToSize(EditContext& context, const QString& targetMB) {
   }
   Edit edit(project, u"Fit to disc size"_s);
   CalculateTotalSize(project);
-  const ProjectNode* size = project.Tree.Find(kTotalSizeKey.toString());
-  double fixed = size ? Val(size->Value(kTotalSizeLabel.size())) : 0;  // intro, menus and what films cannot lose
+  double fixed = TotalSizeMB(project);  // intro, menus and what films cannot lose
   double shrinkable = 0;
   std::vector<ShrinkFilm> films;
   for (int i = 1; i <= project.FilmCount; ++i) {

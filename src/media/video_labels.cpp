@@ -20,11 +20,6 @@ bool IsOneOf(int value, std::initializer_list<int> values) {
 
 }  // namespace
 
-bool IsMultiplexedFile(QStringView path) {
-  const QString ending = path.last(std::min<qsizetype>(3, path.size())).toString().toUpper();
-  return ending == u"MPG" || ending == u"VOB";
-}
-
 QString GroupedNumber(qint64 value) {
   if (value == 0) return {};
   QString digits = QString::number(value);

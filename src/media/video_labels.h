@@ -7,10 +7,6 @@
 
 namespace torvane {
 
-/// True for a video that is multiplexed already: its path ends with "MPG" or "VOB". Any other is an elementary stream,
-/// to which sound, subtitles and a shrink target can be given.
-bool IsMultiplexedFile(QStringView path);
-
 /// A whole number with "," between its thousands; "" for 0.
 QString GroupedNumber(qint64 value);
 

@@ -2,7 +2,6 @@
 
 #include <QStringDecoder>
 #include <algorithm>
-#include <algorithm>
 
 #include "platform/dos_code_page.h"
 #include "platform/host_files.h"

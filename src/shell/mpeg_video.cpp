@@ -97,7 +97,7 @@ Result<MpegVideo> ReadMpegVideo(const QString& hostPath) {
       if (at < 0 || at + HeaderReader::kLongest > bytes.size()) break;
       reader.Take(bytes.constData() + at);
     }
-    bytes = at < 0 ? bytes.last(2) : bytes.sliced(at);
+    bytes = at < 0 ? bytes.right(2) : bytes.sliced(at);
   }
   if (file.error() != QFileDevice::NoError) return Failure{hostPath + u": "_s + file.errorString()};
   if (!reader.IsMpeg2()) return Failure{u"%1: no MPEG-2 video"_s.arg(hostPath)};

@@ -82,6 +82,8 @@ TEST_F(EditCommandsTest, TellWhyNothingWasDone) {
 
 TEST_F(EditCommandsTest, InfoTellsContentsAndFindings) {
   ASSERT_TRUE(HostFiles::RemoveFile(u"C:\\v\\a.m2v"_s));
+  QByteArray sameNames = *HostFiles::Read(u"C:\\p.tvn"_s);
+  ASSERT_TRUE(HostFiles::WriteAtomically(u"C:\\p.tvn"_s, sameNames.replace("Name=Film2", "Name=film1")));
   ASSERT_EQ(Run(uR"(info C:\p.tvn)"_s), kExitDone);
   test::ExpectGolden(out_.toUtf8(), u"info.txt"_s);
 }

@@ -137,7 +137,8 @@ TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {
   project_.Tree.SetCaption(u"FP2"_s, u"Name=FILM1"_s);
   test::RecordingPrompter prompter;
   EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
-  EXPECT_TRUE(prompter.boxes.at(0).text.contains(u"Films 1 and 2"));
+  ASSERT_EQ(prompter.boxes.size(), 1U);
+  EXPECT_TRUE(prompter.boxes[0].text.contains(u"Films 1 and 2"));
 }
 
 TEST_F(DiscChecksTest, SourcesThatTheVideoBatchWouldLoseAreRefused) {

@@ -1,6 +1,7 @@
 #include "core/change_journal.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 #include <csignal>
 
 #include "core/edit.h"
+#include "core/journal_format.h"
 #include "core/left_journal.h"
 #include "core/project_file.h"
 #include "platform/host_files.h"
@@ -209,6 +211,36 @@ TEST_F(ChangeJournalTest, TellsOnceWhenItCannotBeWritten) {
   ASSERT_TRUE(HostFiles::RemoveFile(dir_));
   now_ += ChangeJournal::kRetryMs;
   EXPECT_TRUE(journal_.Poll());
+  ExpectAllIsWritten();
+}
+
+TEST_F(ChangeJournalTest, AFullDiskCostsNothingThatWasWritten) {
+  SetText(project_, u"a"_s);
+  ASSERT_TRUE(journal_.Flush());
+  const QString path = journal_.Path();
+  const test::WholeProject written(project_);
+
+  rlimit former{};
+  getrlimit(RLIMIT_FSIZE, &former);
+  const auto formerHandler = signal(SIGXFSZ, SIG_IGN);
+  rlimit full = former;
+  full.rlim_cur = rlim_t(HostFiles::FileSizeOf(path).value()) + 10;
+  setrlimit(RLIMIT_FSIZE, &full);
+  SetText(project_, QString(1000, u'b'));
+  EXPECT_FALSE(journal_.Flush()) << "the change does not fit";
+  now_ += ChangeJournal::kRetryMs;
+  EXPECT_TRUE(journal_.Poll()) << "told once, though the whole does not fit either";
+  setrlimit(RLIMIT_FSIZE, &former);
+  signal(SIGXFSZ, formerHandler);
+
+  Project left(test::FixedSettings());
+  const Result<QByteArray> journal = HostFiles::Read(path);
+  ASSERT_TRUE(journal && ReplayJournal(*journal, left));
+  EXPECT_EQ(test::WholeProject(left).tree, written.tree);
+
+  now_ += ChangeJournal::kRetryMs;
+  EXPECT_TRUE(journal_.Poll());
+  EXPECT_EQ(journal_.Path(), path);
   ExpectAllIsWritten();
 }
 

@@ -91,8 +91,10 @@ TEST_F(RequantTest, TellsWhyItFailedAndLeavesNothing) {
         << printed;
     EXPECT_EQ(Files(), (QStringList{u"a.m2v"_s, u"x.bat"_s}));
   };
-  Write(u"a.m2v"_s, "no video");
-  expect(name + ": no MPEG-2 video");
+  for (const char* bytes : {"", "x", "no video"}) {
+    Write(u"a.m2v"_s, bytes);
+    expect(name + ": no MPEG-2 video");
+  }
   Ffmpeg(u"-f lavfi -i testsrc2=s=352x288:r=25:d=1 -c:v mpeg1video -f mpeg1video a.m2v"_s);
   expect(name + ": no MPEG-2 video");
   EXPECT_TRUE(Contains(RunBatch("requant x C:\\T\\a.m2v C:\\T\\b.mpv\r\n"), "usage: requant FACTOR INPUT OUTPUT"));
