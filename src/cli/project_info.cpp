@@ -1,7 +1,9 @@
 #include "cli/project_info.h"
 
+#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
 #include "compilers/plan_check.h"
+#include "compilers/temporary_names.h"
 #include "core/action_strings.h"
 #include "core/audio_title_set.h"
 #include "core/film_view.h"

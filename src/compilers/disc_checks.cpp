@@ -23,11 +23,6 @@ namespace {
 constexpr qsizetype kMostMenuNames = 10;
 constexpr int kMostDeletions = 10000;
 
-bool RefusesNothing(const QStringList& findings, Prompter& prompter) {
-  if (!findings.isEmpty()) prompter.Fail(findings.join(u"\r\n"));
-  return findings.isEmpty();
-}
-
 bool Agrees(const QString& text, const QString& title, BoxKind kind, Prompter& prompter) {
   return prompter.Show({.kind = kind, .buttons = BoxButtons::OkCancel, .text = text, .title = title}) == Answer::Ok;
 }
@@ -100,64 +95,12 @@ bool PassSpaceTest(const SpaceTest& test, Prompter& prompter) {
   return Agrees(text, {}, BoxKind::Information, prompter);
 }
 
-// ---- Temporary files ----
-
-void FindSameNames(const Project& project, QStringList& findings) {
-  QHash<QString, int> filmOfName;
-  for (int i = 1; i <= project.FilmCount; ++i) {
-    const FilmView film(project.Tree, i);
-    if (film.IsAudioTitleSet()) continue;
-    const QString name = film.Name().toLower();
-    if (const int other = filmOfName.value(name)) {
-      findings << u"Films %1 and %2 have the same name, \"%3\": the one would overwrite the other. Please rename one."_s
-                      .arg(other)
-                      .arg(i)
-                      .arg(film.Name());
-    }
-    filmOfName.insert(name, i);
-  }
-}
-
-/// Files that the compilers and the video batch write for a film.
-QStringList TemporaryFiles(const Project& project, int number) {
-  const Settings& settings = project.Settings;
-  const FilmView film(project.Tree, number);
-  QStringList files;
-  if (film.IsAudioTitleSet()) {
-    const int tracks = AudioTrackCount(project.Tree, number);
-    for (int track = 1; track <= tracks; ++track) files << AudioSlideFile(settings, number, track);
-    return files;
-  }
-  for (const QString& ending : {u".mpg"_s, u"_SUB1.mpg"_s, u"_SUB2.mpg"_s, u"_SUB3.mpg"_s, u"_req.mpv"_s}) {
-    files << settings.TempDir + u'\\' + film.Name() + ending;
-  }
-  return files;
-}
-
-void FindOverwrittenSources(const Project& project, QStringList& findings) {
-  QSet<QString> sources;
-  for (const QString& path : ProjectFiles(project)) sources.insert(path.toLower());
-  for (int i = 1; i <= project.FilmCount; ++i) {
-    for (const QString& file : TemporaryFiles(project, i)) {
-      if (!sources.contains(file.toLower())) continue;
-      findings << u"The file %1 is a source of the project and would be overwritten when film %2 is prepared. Please move "
-                  u"it out of the temporary directory."_s.arg(file)
-                      .arg(i);
-    }
-  }
-}
-
-/// The video batch empties two folders, whether the rest is cleaned up or not.
-void FindEmptiedSources(const Project& project, QStringList& findings) {
-  for (const QString& folder : {u"\\TempAudioMpg"_s, u"\\TempSub.d"_s}) {
-    for (const QString& file : CheckSourcesOutsideTemp(ProjectFiles(project), project.Settings.TempDir + folder)) {
-      findings << u"The file %1 is a source of the project and lies in a folder that is emptied when films are prepared. "
-                  u"Please move it elsewhere."_s.arg(file);
-    }
-  }
-}
-
 }  // namespace
+
+bool RefusesNothing(const QStringList& findings, Prompter& prompter) {
+  if (!findings.isEmpty()) prompter.Fail(findings.join(u"\r\n"));
+  return findings.isEmpty();
+}
 
 QString VideoTsDir(const Settings& settings) { return settings.OutDir + u"\\DVD\\VIDEO_TS"; }
 
@@ -271,45 +214,6 @@ bool CheckSourcesSafe(const Project& project, Prompter& prompter) {
     findings += inDisc;
   }
   return RefusesNothing(findings, prompter);
-}
-
-QStringList TemporaryNameFindings(const Project& project) {
-  QStringList findings;
-  FindSameNames(project, findings);
-  FindOverwrittenSources(project, findings);
-  FindEmptiedSources(project, findings);
-  return findings;
-}
-
-bool CheckTemporaryNames(const Project& project, Prompter& prompter) {
-  return RefusesNothing(TemporaryNameFindings(project), prompter);
-}
-
-QStringList BatchTextFindings(const Project& project) {
-  static const QRegularExpression forbiddenInPath(u"[\"\\x{00}-\\x{1f}]"_s);
-  static const QRegularExpression forbiddenInName(u"[\"/\\\\\\x{00}-\\x{1f}]"_s);
-  static const QRegularExpression delay(u"^-?[0-9]{1,9}$"_s);
-  QStringList findings;
-  for (const QString& path : ProjectFiles(project)) {
-    if (!path.contains(forbiddenInPath)) continue;
-    findings << u"The path of the file %1 holds a quote or a control character. Please rename it."_s.arg(path);
-  }
-  for (int i = 1; i <= project.FilmCount; ++i) {
-    const FilmView film(project.Tree, i);
-    if (!film.IsAudioTitleSet() && film.Name().contains(forbiddenInName)) {
-      findings << u"Film %1 is named \"%2\". Its temporary files cannot have that name: please take out quotes, slashes "
-                  u"and control characters."_s.arg(i)
-                      .arg(film.Name());
-    }
-    if (const auto text = film.Text(film_node::AudioDelay); text && !text->contains(delay)) {
-      findings << u"The audio delay of film %1 is no whole number of milliseconds: %2"_s.arg(i).arg(*text);
-    }
-  }
-  return findings;
-}
-
-bool CheckBatchTexts(const Project& project, Prompter& prompter) {
-  return RefusesNothing(BatchTextFindings(project), prompter);
 }
 
 }  // namespace torvane

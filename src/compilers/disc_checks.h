@@ -36,16 +36,8 @@ bool CheckFreeSpace(const Project& project, Prompter& prompter);
 /// Nothing is asked: such a run is refused, with the names.
 bool CheckSourcesSafe(const Project& project, Prompter& prompter);
 
-/// No two films share the name of their temporary files, none of these files is a source of the project, and none lies in
-/// the folders that the video batch empties.
-bool CheckTemporaryNames(const Project& project, Prompter& prompter);
-QStringList TemporaryNameFindings(const Project& project);  ///< the same as sentences
-
-/// No name, path or delay of the project holds a character that ends its place in a batch line: a quote, a line break or
-/// any other control character; a film's name, the stem of its temporary files, no path separator either. Nothing is
-/// asked: such a run is refused, with the nodes.
-bool CheckBatchTexts(const Project& project, Prompter& prompter);
-QStringList BatchTextFindings(const Project& project);  ///< the same as sentences
+/// Tells the findings in one box; true when there are none.
+bool RefusesNothing(const QStringList& findings, Prompter& prompter);
 
 /// "{Out}\DVD\VIDEO_TS"
 QString VideoTsDir(const Settings& settings);

@@ -5,9 +5,11 @@
 
 #include "compilers/audio_titleset.h"
 #include "compilers/author_xml.h"
+#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
 #include "compilers/menu_files.h"
 #include "compilers/plan_check.h"
+#include "compilers/temporary_names.h"
 #include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"

@@ -1,7 +1,9 @@
 #include <QDir>
 #include <QGuiApplication>
 
+#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
+#include "compilers/temporary_names.h"
 #include "compilers/pipeline.h"
 #include "core/project_mutations.h"
 #include "designer/edit_elements.h"

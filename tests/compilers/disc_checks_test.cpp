@@ -1,4 +1,6 @@
+#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
+#include "compilers/temporary_names.h"
 
 #include <gtest/gtest.h>
 
