@@ -140,6 +140,18 @@ void BatchRun::StartStep() {
   listener_.StepEnded(index, double(clock_.milliseconds() - started) / 1000);
   if (nextIndex_ == lastIndex_) runFinished_ = true;
   ++nextIndex_;
+  EndStep(batch);
+}
+
+/// Judges the step that has ended, also the last one: what it has made is kept or not by this.
+void BatchRun::EndStep(const QString& batch) {
+  if (!request_.keeper) return;
+  const bool failed = !ScanFindsNothing() || errorShown_ || terminated_;
+  for (const QString& fault : request_.keeper->StepEnded(batch, failed)) FailWithLine(fault);
+  if (errorShown_) {
+    runFinished_ = true;
+    nextIndex_ = lastIndex_ + 1;
+  }
 }
 
 /// Runs one console to its end, together with the logs that its tools write.
@@ -177,6 +189,7 @@ void BatchRun::Pause(int milliseconds) {
 
 void BatchRun::CloseRun() {
   ScanFindsNothing();
+  if (request_.keeper) request_.keeper->RunEnded();
   if (!errorShown_) listener_.SignShown(RunSign::Success);
   const bool logged = !logFailed_ && runLog_.Finish(transcript_.ConsoleText());
   if (request_.AutoDelete) {

@@ -8,6 +8,7 @@
 
 #include "run/console.h"
 #include "run/repeat_repair.h"
+#include "run/run_keeper.h"
 #include "run/run_listener.h"
 #include "run/run_log.h"
 #include "run/tool_log.h"
@@ -27,6 +28,7 @@ struct RunRequest {
   QString LogText;
   bool BurnRequested = false;
   bool UseImgBurn = false;
+  RunKeeper* keeper = nullptr;  ///< asked at the end of each step, and when no further one will follow
   QStringList protectedFiles;  ///< the project file and all files it names: cleaning leaves them, and the logs
 };
 
@@ -88,6 +90,7 @@ class BatchRun : private ConsoleClient {
   void Pump() override { listener_.Pump(); }
 
   void StartStep();
+  void EndStep(const QString& batch);
   void RunConsole(const QString& commandLine);
   void Pause(int milliseconds);
   void CloseRun();

@@ -67,6 +67,19 @@ class Recorder : public RunListener {
   std::function<void()> onPump = [] {};
 };
 
+/// Finds fault with what one step has made, and writes down what it is asked.
+class FaultFinder : public RunKeeper {
+ public:
+  QStringList StepEnded(const QString& batch, bool failed) override {
+    asked << batch + (failed ? u" failed"_s : u""_s);
+    return batch == faultyBatch ? QStringList{u"The disc is not whole."_s} : QStringList();
+  }
+  void RunEnded() override { asked << u"end"_s; }
+
+  QString faultyBatch;
+  QStringList asked;
+};
+
 class BatchRunTest : public testing::Test {
  protected:
   BatchRunTest() {
@@ -160,6 +173,30 @@ TEST_F(BatchRunTest, AnErrorWordOfTheLastStepFailsTheRun) {
                                       std::pair(QString(), RunOutcome::Finished)}) {
     request.RunMode = mode;
     EXPECT_EQ(Run(request), outcome) << mode.toStdString();
+  }
+}
+
+TEST_F(BatchRunTest, AStepWhoseWorkIsNotWholeFailsTheRun) {
+  struct Case {
+    QString faulty, broken, asked;
+    RunOutcome outcome;
+  };
+  const Case cases[] = {
+      {{}, {}, u"a.bat b.bat end"_s, RunOutcome::Finished},
+      {u"a.bat"_s, {}, u"a.bat end"_s, RunOutcome::Failed},
+      {u"b.bat"_s, {}, u"a.bat b.bat end"_s, RunOutcome::Failed},
+      {{}, u"a.bat"_s, u"a.bat failed end"_s, RunOutcome::Failed},
+      {{}, u"b.bat"_s, u"a.bat b.bat failed end"_s, RunOutcome::Failed},
+  };
+  for (const Case& c : cases) {
+    FaultFinder keeper;
+    keeper.faultyBatch = c.faulty;
+    RunRequest request = Request({u"a.bat"_s, u"b.bat"_s});
+    request.keeper = &keeper;
+    console_.plays = {{u"cmd /k "_s + c.broken, {{u"*ERROR it broke\r\nC:\\T>"_s}, {}}}};
+    EXPECT_EQ(Run(request), c.outcome);
+    EXPECT_EQ(keeper.asked.join(u' '), c.asked);
+    EXPECT_EQ(Log().contains("\r\n*ERROR The disc is not whole.\r\n"), !c.faulty.isEmpty());
   }
 }
 
