@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "media/media_block.h"
 #include "media/media_text.h"
+#include "media/sound_frame.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,18 +18,14 @@ namespace {
 constexpr qsizetype kWavHeaderSize = 40;
 constexpr qint64 kHeadSize = 10000;
 
-/// ATSC A/52, table 5.18; each rate has two frame size codes.
-constexpr std::array<int, 19> kAc3Bitrates{32,  40,  48,  56,  64,  80,  96,  112, 128, 160,
-                                           192, 224, 256, 320, 384, 448, 512, 576, 640};
-
 /// kbit a second by the layer I, II, III and the bit rate index 1 to 14, as the MPEG-1 streams of ISO/IEC 11172-3 have
 /// them, and for MPEG-2 the rates that the program has always assumed.
 constexpr std::array<std::array<int, 14>, 6> kMpegBitrates{{
     {32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},
-    {32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},
+    kLayer2Bitrates,
     {32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},
     {32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},
-    {32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},
+    kLayer2Bitrates,
     {8, 16, 24, 32, 64, 80, 56, 64, 128, 160, 112, 128, 256, 320},
 }};
 

@@ -12,10 +12,10 @@
 #include "shell/control_file.h"
 #include "shell/current_directory.h"
 #include "shell/font_name.h"
+#include "shell/mplex_sound.h"
 #include "shell/syntax_check.h"
 #include "shell/tool_program.h"
 #include "shell/video_norm.h"
-#include "shell/wave_sound.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -35,11 +35,12 @@ class CommandMaker {
     command_.stage.arguments = found->arguments;
     tool_ = found->entry;
     wine_ = found->wine;
+    firstArgument_ = found->arguments.size();
     command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
     AddArguments();
     if (tool_ && tool_->own && !wine_) BringOwn();
-    if (tool_ && tool_->rawSound && !wine_) {
-      if (const Status unpacked = UnpackSound(); !unpacked) return Failure{unpacked.Error()};
+    if (tool_ && tool_->isMplex) {
+      if (const Status prepared = PrepareSound(); !prepared) return Failure{prepared.Error()};
     }
     if (tool_ && tool_->controlFile != ToolEntry::ControlFile::None) {
       if (const Status copied = UsePrivateCopy(); !copied) return Failure{copied.Error()};
@@ -116,26 +117,13 @@ class CommandMaker {
     command_.discard = [own, arguments = command_.stage.arguments] { own->discard(arguments); };
   }
 
-  Status UnpackSound() {
+  Status PrepareSound() {
     QStringList& arguments = command_.stage.arguments;
-    QStringList parameters;
-    for (QString& argument : arguments) {
-      if (!argument.endsWith(u".wav", Qt::CaseInsensitive) || !QFileInfo(argument).isFile()) continue;
-      if (!command_.scratch) {
-        const QString beside = QFileInfo(command_.output).absolutePath();
-        command_.scratch = std::make_shared<QTemporaryDir>(beside + u"/torvane-cmd-XXXXXX"_s);
-        if (!command_.scratch->isValid()) return Failure{beside + u": "_s + command_.scratch->errorString()};
-      }
-      const QString raw = command_.scratch->filePath(u"%1.lpcm"_s.arg(parameters.size()));
-      const Result<QString> written = WriteRawSound(argument, raw);
-      if (!written) return Failure{written.Error()};
-      parameters << *written;
-      argument = raw;
-    }
-    if (!parameters.isEmpty()) {
-      arguments.insert(1, u"-L"_s);
-      arguments.insert(2, parameters.join(u','));
-    }
+    const Result<MplexArguments> prepared = PrepareMplexSound(arguments.sliced(firstArgument_), command_.output,
+                                                              wine_ ? MplexKind::Wine : MplexKind::Native);
+    if (!prepared) return Failure{prepared.Error()};
+    arguments = arguments.first(firstArgument_) + prepared->arguments;
+    command_.scratch = prepared->scratch;
     return {};
   }
 
@@ -226,6 +214,7 @@ class CommandMaker {
   const ToolEntry* tool_ = nullptr;
   ToolCommand command_;
   bool wine_ = false;
+  qsizetype firstArgument_ = 0;   // behind what starts the program
   qsizetype controlFileAt_ = -1;  // its place among the arguments
   QString controlFile_;
   int links_ = 0;

@@ -50,7 +50,7 @@ struct ToolCommand {
 /// control file is copied into `folder` with its paths mapped; with SyntaxCheck dvdauthor gets stand-ins for its films.
 /// A program that is not in the table must be an executable file of this machine.
 ///
-/// mplex is given the samples of WAV files, which it does not read, from files beside its output.
+/// The sound and the delay of mplex are made fit for it (PrepareMplexSound), with new files beside its output.
 ///
 /// The option -ma, by which text subtitles shall take their colours from the palette of the title, gives spumux the
 /// second colour of that palette for the outlines and the third for the letters. The palette is the ".pal" file that

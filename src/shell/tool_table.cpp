@@ -28,7 +28,7 @@ const ToolEntry* FindTool(const QString& stem) {
                 .package = u"mjpegtools"_s,
                 .patternValue = {u"-o"_s},
                 .outputOption = u"-o"_s,
-                .rawSound = true},
+                .isMplex = true},
       ToolEntry{.stem = u"mpeg2enc"_s, .program = u"mpeg2enc"_s, .package = u"mjpegtools"_s, .outputOption = u"-o"_s},
       ToolEntry{.stem = u"png2yuv"_s, .program = u"png2yuv"_s, .package = u"mjpegtools"_s, .patternValue = {u"-j"_s}},
       ToolEntry{.stem = u"jpeg2yuv"_s, .program = u"jpeg2yuv"_s, .package = u"mjpegtools"_s, .patternValue = {u"-j"_s}},

@@ -19,7 +19,7 @@ struct ToolEntry {
   QStringList plainValue = {};    ///< options whose value is no path
   QStringList patternValue = {};  ///< options whose value is a printf pattern, so that a "%" must be doubled
   QString outputOption = {};      ///< the option that names the file it writes
-  bool rawSound = false;          ///< takes a WAV file only as its bare samples
+  bool isMplex = false;           ///< its sound and its delay are made fit for it
   const OwnTool* own = nullptr;   ///< what stands for it when it is a tool of this console
 };
 

@@ -51,7 +51,7 @@ WaveFormat ReadFormat(QFile& file) {
 
 }  // namespace
 
-Result<QString> WriteRawSound(const QString& waveHostPath, const QString& targetHostPath) {
+Result<QString> WriteRawSound(const QString& waveHostPath, const QString& targetHostPath, double leftOut) {
   constexpr int kPcm = 1;
   QFile file(waveHostPath);
   if (!file.open(QIODevice::ReadOnly)) return Failure{waveHostPath + u": "_s + file.errorString()};
@@ -67,8 +67,11 @@ Result<QString> WriteRawSound(const QString& waveHostPath, const QString& target
   }
   QFile target(targetHostPath);
   if (!target.open(QIODevice::WriteOnly)) return Failure{targetHostPath + u": "_s + target.errorString()};
-  file.seek(format.samples);
-  for (qint64 left = format.size - format.size % (2 * format.channels); left > 0;) {
+  const qint64 frame = 2 * format.channels;
+  const qint64 from = qint64(leftOut / 1000 * format.rate) * frame;
+  if (from > 0 && from >= format.size) return Failure{waveHostPath + u": the delay leaves nothing of this sound"_s};
+  file.seek(format.samples + from);
+  for (qint64 left = format.size - format.size % frame - from; left > 0;) {
     QByteArray piece = file.read(std::min(left, kPiece));
     if (piece.size() < 2) return Failure{waveHostPath + u": "_s + file.errorString()};
     for (qsizetype i = 0; i + 1 < piece.size(); i += 2) std::swap(piece[i], piece[i + 1]);
