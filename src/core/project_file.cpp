@@ -201,9 +201,11 @@ bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
 
   project.Reset();
   project.ProjectFile = path;
-  ReadProjectSettings(xml->elements, float(*version) / 1000.0F, project.Settings);
+  const QString projectDir = path.left(path.lastIndexOf(u'\\'));
+  ReadProjectSettings(xml->elements, float(*version) / 1000.0F, projectDir, project.Settings);
   FillTree(project.Tree, *xml);
-  const QStringList missing = FixResourcePaths(project, path.left(path.lastIndexOf(u'\\')));
+  NormalizeResourcePaths(project.Tree, projectDir);
+  const QStringList missing = FixResourcePaths(project, projectDir);
   ReadIntro(project);
   CountFilms(project);
   ReadMenuTable(project.Tree, project.SubMenuTable, SubMenuKey);

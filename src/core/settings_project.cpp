@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/dos_path.h"
 #include "core/settings_table.h"
 #include "core/text.h"
 
@@ -41,11 +42,12 @@ std::vector<const SettingRow*> RowsOfElement(int element) {
 
 enum class Masks { Only, None };
 
-void ReadElement(const AttributeTexts& attributes, int element, Masks masks, Settings& settings) {
+void ReadElement(const AttributeTexts& attributes, int element, Masks masks, const QString& projectDir,
+                 Settings& settings) {
   for (const SettingRow* row : RowsOfElement(element)) {
     if ((row->kind == SettingKind::Mask) != (masks == Masks::Only)) continue;
     const std::optional<QString> text = FindAttribute(attributes, row->project.attribute);
-    if (text) SetSettingText(settings, *row, *text);
+    if (text) SetSettingText(settings, *row, row->kind == SettingKind::Path ? DosPathOf(*text, projectDir) : *text);
   }
 }
 
@@ -88,12 +90,13 @@ QList<ProjectElement> ProjectAttributes(const Settings& settings) {
   return elements;
 }
 
-void ReadProjectSettings(const ElementAttributes& elements, float fileVersion, Settings& settings) {
+void ReadProjectSettings(const ElementAttributes& elements, float fileVersion, const QString& projectDir,
+                         Settings& settings) {
   const int last = LastElementOf(fileVersion);
   for (const Masks masks : {Masks::None, Masks::Only}) {
     for (int element = 1; element <= last; ++element) {
       const AttributeTexts attributes = elements.value(kElements[element - 1].toString());
-      ReadElement(attributes, element, masks, settings);
+      ReadElement(attributes, element, masks, projectDir, settings);
       if (element == kFormerElement && masks == Masks::None) ReadFormerLayout(attributes, settings);
     }
   }

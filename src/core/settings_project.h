@@ -29,7 +29,9 @@ using ElementAttributes = QHash<QString, QHash<QString, QString>>;
 /// which the last holds in files up to 1.04 what later went to SETTINGS5; above 1.04 also SETTINGS5. A setting whose
 /// attribute is absent stays, but for NOMENUS, LOOPSYNTAX, ENGINE, 169MODE, AUDIOTSTYPE and ADJNTSCTC, which absent
 /// from SETTINGS4 are 0. Masks are looked up in the mask directory of the project. VideoHeight and the effects of
-/// NoMenus follow.
-void ReadProjectSettings(const ElementAttributes& elements, float fileVersion, Settings& settings);
+/// NoMenus follow. Paths take
+/// their DOS form, relative ones being relative to `projectDir`.
+void ReadProjectSettings(const ElementAttributes& elements, float fileVersion, const QString& projectDir,
+                         Settings& settings);
 
 }  // namespace torvane

@@ -158,6 +158,13 @@ bool HasSpecialCharacters(QStringView text) {
   return std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 127 || c == u'&'; });
 }
 
+bool HasControlCharacters(QStringView text) {
+  return std::ranges::any_of(text, [](QChar c) {
+    return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
+           c.category() == QChar::Separator_Paragraph;
+  });
+}
+
 QString StripSpecialChars(const QString& text) {
   QString kept = text;
   return kept.removeIf([](QChar c) { return c.unicode() > 127 || c.unicode() < 32 || c == u'&'; });

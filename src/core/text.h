@@ -52,6 +52,9 @@ QString UnescapeLabelText(const QString& text);
 /// True when a character is beyond ASCII or is "&": text that the authoring tools may not take in a path.
 bool HasSpecialCharacters(QStringView text);
 
+/// True when a text holds what ends a line or controls a terminal, anywhere in Unicode.
+bool HasControlCharacters(QStringView text);
+
 /// The text without the characters that HasSpecialCharacters minds, and without control characters.
 QString StripSpecialChars(const QString& text);
 

@@ -166,11 +166,43 @@ TEST_F(ProjectFileTest, FindsFilesThatMoved) {
   EXPECT_EQ(prompter_.Told(), QStringList(u"The following resources could not be found\r\nD:\\old\\gone.m2v"_s));
 }
 
+TEST_F(ProjectFileTest, PathsTakeTheirDosForm) {
+  drive_.Write(u"p/x.tvn"_s, Document("1.07", "<SETTINGS5 OWNGIFMASKDIR=\"masks\"/>"
+                                              "<NODE Key=\"FPV1\" Caption=\"Video=v/a.m2v\" Tag=\"v/a.m2v\"/>"
+                                              "<NODE Key=\"FP3A12\" Caption=\"Audio3=/tmp/a.ac3\"/>"
+                                              "<NODE Key=\"FP2S1\" Caption=\"xxxxxxxxxxZ:/tmp/a.srt\"/>"
+                                              "<NODE Key=\"FPA1#01IMAGE\" Caption=\"Image=..\\i.png\"/>"
+                                              "<NODE Key=\"SM7BGAni\" Caption=\"Animation=a.mpg\"/>"
+                                              "<NODE Key=\"MMI1File\" Caption=\"i.png\"/>"
+                                              "<NODE Key=\"TS2S01\" Caption=\"Ani=a.mpg\"/>"
+                                              "<NODE Key=\"MM3B5GifMaskGif\" Caption=\"Gif=m.gif\" Tag=\"m.gif\"/>"
+                                              "<NODE Key=\"MMB5Gif\" Caption=\"Gif=m.gif\" Tag=\"m.gif\"/>"
+                                              "<NODE Key=\"FP1A1\" Caption=\"Audio1=a&quot; &amp; touch b\"/>"
+                                              "<NODE Key=\"MMB1Text\" Caption=\"Text=v/a.m2v\"/>"
+                                              "<NODE Key=\"MMBGPath\" Caption=\"Image=\"/>"));
+  Project project(settings_);
+  ASSERT_TRUE(LoadProject(project, kFile, prompter_));
+  EXPECT_EQ(test::DumpTree(project.Tree),
+            u"FPV1|Video=C:\\p\\v\\a.m2v|v/a.m2v|0\n"
+            u"FP3A12|Audio3=Z:\\tmp\\a.ac3||0\n"
+            u"FP2S1|SubTitel2=Z:\\tmp\\a.srt||0\n"
+            u"FPA1#01IMAGE|Image=C:\\i.png||0\n"
+            u"SM7BGAni|Animation=C:\\p\\a.mpg||0\n"
+            u"MMI1File|C:\\p\\i.png||0\n"
+            u"TS2S01|Ani=C:\\p\\a.mpg||0\n"
+            u"MM3B5GifMaskGif|Gif=m.gif|C:\\p\\m.gif|0\n"
+            u"MMB5Gif|Gif=m.gif|C:\\p\\m.gif|0\n"
+            u"FP1A1|Audio1=a\" & touch b||0\n"
+            u"MMB1Text|Text=v/a.m2v||0\n"
+            u"MMBGPath|Image=||0\n"_s);
+  EXPECT_EQ(project.Settings.OwnGifMaskDir, u"C:\\p\\masks"_s);
+}
+
 TEST_F(ProjectFileTest, ListsTwentyMissingFiles) {
   QByteArray nodes;
   QString told = u"The following resources could not be found"_s;
   for (int i = 1; i <= 25; ++i) {
-    nodes += "<NODE Key=\"n" + QByteArray::number(i) + "\" Caption=\"Video=D:\\x" + QByteArray::number(i) + "\"/>";
+    nodes += "<NODE Key=\"FPV" + QByteArray::number(i) + "\" Caption=\"Video=D:\\x" + QByteArray::number(i) + "\"/>";
     if (i <= 20) told += u"\r\nD:\\x" + QString::number(i);
   }
   drive_.Write(u"p/x.tvn"_s, Document("1.07", nodes));
@@ -203,7 +235,7 @@ TEST_F(ProjectFileTest, ReadsTheIntroFromItsNodes) {
   Project project(settings_);
   ASSERT_TRUE(LoadProject(project, kFile, prompter_));
   EXPECT_TRUE(project.Settings.UseIntro);
-  EXPECT_EQ(project.Settings.IntroMovie, u"i.mpg"_s);
+  EXPECT_EQ(project.Settings.IntroMovie, u"C:\\p\\i.mpg"_s);
   EXPECT_EQ(project.Settings.IntroAudio, QString());
 }
 

@@ -54,7 +54,7 @@ TEST(ProjectSettings, AProjectBringsItsSettingsIntoAnyProgram) {
   Settings other;
   other.NoMenus = true;
   other.OwnGifMaskDir = u"C:\\elsewhere"_s;
-  ReadProjectSettings(AsRead(ProjectAttributes(saved)), 1.07F, other);
+  ReadProjectSettings(AsRead(ProjectAttributes(saved)), 1.07F, {}, other);
   EXPECT_EQ(other, saved);
 }
 
@@ -62,7 +62,7 @@ TEST(ProjectSettings, TheNameOf169ModeIsReadInBothForms) {
   for (const QString& element : {u"SETTINGS4"_s, u"SETTINGS5"_s}) {
     for (const QString& name : {u"169MODE"_s, u"_169MODE"_s}) {
       Settings settings;
-      ReadProjectSettings({{element, {{name, u"2"_s}}}}, element == u"SETTINGS4"_s ? 1.0F : 1.05F, settings);
+      ReadProjectSettings({{element, {{name, u"2"_s}}}}, element == u"SETTINGS4"_s ? 1.0F : 1.05F, {}, settings);
       EXPECT_EQ(settings.Def169Mode, 2) << element.toStdString() << " " << name.toStdString();
     }
   }
@@ -97,7 +97,7 @@ TEST(ProjectSettings, TheVersionDecidesWhichElementsAreRead) {
     expected.DefBBOutline = outline;
     if (version > 0.85F) expected.DefAudioTSType = 0;
     Settings settings;
-    ReadProjectSettings(elements, version, settings);
+    ReadProjectSettings(elements, version, {}, settings);
     EXPECT_EQ(settings, expected) << version;
   }
 }
@@ -112,7 +112,7 @@ TEST(ProjectSettings, WhatTheFormerLayoutLacksIsClearOrStays) {
   expected.DefAudioTSType = 0;
   expected.DefBlock = u"7;7;7;1;"_s;
   expected.DefLabelPos = 3;
-  ReadProjectSettings({}, 1.0F, settings);
+  ReadProjectSettings({}, 1.0F, {}, settings);
   EXPECT_EQ(settings, expected);
 }
 
@@ -120,7 +120,7 @@ TEST(ProjectSettings, AProjectWithoutMenusPlaysOn) {
   Settings settings;
   ReadProjectSettings({{u"SETTINGS"_s, {{u"ANIMATED"_s, u"1"_s}, {u"ADVANCED"_s, u"1"_s}, {u"PREACT1"_s, u"0"_s}}},
                        {u"SETTINGS4"_s, {{u"NOMENUS"_s, u"1"_s}}}},
-                      1.04F, settings);
+                      1.04F, {}, settings);
   EXPECT_TRUE(settings.NoMenus && settings.GoNextTitle && settings.NoShowTitleSetMenu);
   EXPECT_FALSE(settings.AnimatedMainMenu || settings.AdvancedMode);
 }

@@ -33,7 +33,9 @@ class RandomUser {
     const auto addMenu = [&] { AddMenu(c, {.type = MenuTypes()[Below(5)]}, place); };
     const auto deleteNode = [&] { DeleteNode(c, AnyKey()); };
     const auto addSongs = [&] {
-      std::vector<AudioTitle> titles(std::size_t(Below(4)));
+      AudioTitle song;
+      song.File = QStringLiteral("C:\\v\\s.mp2");
+      const std::vector<AudioTitle> titles(std::size_t(Below(4)), song);
       AddAudioTitleSet(c, {.Name = QStringLiteral("Songs"), .Titles = titles}, place);
     };
     const std::function<void()> actions[] = {
@@ -51,7 +53,11 @@ class RandomUser {
         [&] { AddAnimation(c, {.video = QStringLiteral("C:\\v.m2v")}, place); },
         deleteNode,
         deleteNode,
-        [&] { EditValue(c, AnyKey(), Below(2) == 0 ? QString::number(Below(800)) : QStringLiteral("1,2,3")); },
+        [&] {
+          const QString key = AnyKey();
+          const QString value = Below(2) == 0 ? QString::number(Below(800)) : QStringLiteral("1,2,3");
+          EditValue(c, key, key.endsWith(u"BGPath") ? QStringLiteral("C:\\b.png") : value);
+        },
         [&] { MoveElement(c, AnyKey(), AnyKey()); },
         [&] { Rearrange(place.menu); },
         [&] { Less(place.menu); },
