@@ -43,8 +43,9 @@ void CompileControlFiles(benchmark::State& state) {
   Project project(settings);
   FillLargestProject(project);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(WriteAuthorXmlSingle(project, AuthorMode::Run));
-    benchmark::DoNotOptimize(WriteVideoBatch(project));
+    LineValues values(project.Settings);
+    benchmark::DoNotOptimize(WriteAuthorXmlSingle(project, AuthorMode::Run, values));
+    benchmark::DoNotOptimize(WriteVideoBatch(project, values));
   }
 }
 BENCHMARK(CompileControlFiles)->Unit(benchmark::kMillisecond);
@@ -70,8 +71,9 @@ void CompileTitlesets(benchmark::State& state) {
     }
   }
   for (auto _ : state) {
-    benchmark::DoNotOptimize(WriteAuthorXmlTitlesets(project, AuthorMode::Run));
-    benchmark::DoNotOptimize(WriteVideoBatch(project));
+    LineValues values(project.Settings);
+    benchmark::DoNotOptimize(WriteAuthorXmlTitlesets(project, AuthorMode::Run, values));
+    benchmark::DoNotOptimize(WriteVideoBatch(project, values));
   }
 }
 BENCHMARK(CompileTitlesets)->Unit(benchmark::kMillisecond);

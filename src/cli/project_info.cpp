@@ -1,9 +1,9 @@
 #include "cli/project_info.h"
 
-#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
 #include "compilers/plan_check.h"
 #include "compilers/temporary_names.h"
+#include "compilers/written_values.h"
 #include "core/action_strings.h"
 #include "core/audio_title_set.h"
 #include "core/film_view.h"
@@ -78,7 +78,10 @@ QString Findings(const Project& project) {
       if (button.Action().value_or(QString()).isEmpty()) text += u"  button without action: %1\n"_s.arg(button.Key());
     }
   }
-  for (const QString& finding : PlanFindings(project) + TemporaryNameFindings(project) + BatchTextFindings(project)) text += u"  "_s + finding + u'\n';
+  for (const QString& finding : PlanFindings(project)) text += u"  "_s + finding + u'\n';
+  for (const Finding& finding : TemporaryNameFindings(project) + TryWriters(project).Refused) {
+    text += u"  "_s + finding.text + u'\n';
+  }
   return text;
 }
 

@@ -17,9 +17,9 @@ namespace {
 
 constexpr double kSecondsADay = 86400;
 
-QString AudioFolder(const Settings& settings) {
-  return settings.TempDir + u"\\TempAudioMpg";
-}
+constexpr QStringView kAudioFolder = u"TempAudioMpg";  ///< below the temporary directory
+
+QString InAudioFolder(const QString& name) { return kAudioFolder + u'\\' + name; }
 
 /// Lines of nested blocks, each level one tab deeper.
 class BlockText {
@@ -43,6 +43,11 @@ class BlockText {
   int level_;
 };
 
+QString AudioSlideName(const Settings& settings, int film, int track) {
+  const bool forMuxMan = settings.Engine == kEngineMuxMan;
+  return AudioTitleKey(film, track) + (forMuxMan ? u".bmp" : u".png");
+}
+
 QString DisplayMode(const Settings& settings) {
   if (!settings.DefMenuRatio) return u"4:3"_s;
   return settings.Def169Mode == 0   ? u"Only Letterbox"_s
@@ -61,36 +66,36 @@ bool HasOneTitle(const ProjectTree& tree, int film) {
 }
 
 QString AudioTrackFile(const Settings& settings, int film, int track) {
-  return AudioFolder(settings) + u'\\' + AudioTitleKey(film, track) + u".mpg";
+  return settings.TempDir + u'\\' + InAudioFolder(AudioTitleKey(film, track) + u".mpg");
 }
 
 QString AudioSlideFile(const Settings& settings, int film, int track) {
-  const bool forMuxMan = settings.Engine == kEngineMuxMan;
-  return settings.TempDir + u'\\' + AudioTitleKey(film, track) + (forMuxMan ? u".bmp" : u".png");
+  return settings.TempDir + u'\\' + AudioSlideName(settings, film, track);
 }
 
-void AudioFolderLines(LineText& out, const Settings& settings) {
-  const QByteArray folder = QuotedBatchPath(AudioFolder(settings));
-  out.Line("erase " + QuotedBatchPath(AudioFolder(settings) + u"\\*.*") + " /Q");
+void AudioFolderLines(BatchLines& out) {
+  const BatchPiece folder = out.Temp(kAudioFolder.toString());
+  out.Line("erase " + out.Temp(InAudioFolder(u"*.*"_s)) + " /Q");
   out.Line("rmdir " + folder);
   out.Line("mkdir " + folder);
 }
 
-void WriteAudioTitleSet(LineText& out, const Project& project, int film) {
+void WriteAudioTitleSet(BatchLines& out, const Project& project, int film) {
   const Settings& settings = project.Settings;
-  const auto tool = [&](QStringView name) { return QuotedBatchPath(settings.DvdAuthorPath + u'\\' + name); };
-  const QByteArray options = settings.DefMenuRatio ? " -f 8 -q 1 -b 7000 -a 3 -o " : " -f 8 -q 1 -b 5000 -a 2 -o ";
-  const QByteArray rate = settings.VideoNormPal ? "25" : "29.97";
+  const BatchPiece options =
+      settings.DefMenuRatio ? BatchPiece(" -f 8 -q 1 -b 7000 -a 3 -o ") : " -f 8 -q 1 -b 5000 -a 2 -o ";
+  const BatchPiece rate = settings.VideoNormPal ? BatchPiece("25") : "29.97";
   int track = 0;
   for (const AudioTitle& title : ReadAudioTitleSet(project.Tree, film).Titles) {
     const QString key = AudioTitleKey(film, ++track);
-    const QByteArray video = QuotedBatchPath(AudioFolder(settings) + u'\\' + key + u".m2v");
-    const QByteArray joined = QuotedBatchPath(AudioFolder(settings) + u"\\t" + key + u".mpg");
-    out.Line(tool(u"png2yuv.exe") + " -n 1 -I p -L 0 -f " + rate + " -j " +
-             QuotedBatchPath(AudioSlideFile(settings, film, track)) + " | " + tool(u"mpeg2enc.exe") + options + video);
-    out.Line(tool(u"mplex.exe") + " -M -f 8 -o " + joined + ' ' + video + ' ' + QuotedBatchPath(title.File));
+    const BatchPiece video = out.Temp(InAudioFolder(key + u".m2v"));
+    const BatchPiece joined = out.Temp(InAudioFolder(u't' + key + u".mpg"));
+    out.Line(out.Tool(u"png2yuv.exe") + " -n 1 -I p -L 0 -f " + rate + " -j " +
+             out.Temp(AudioSlideName(settings, film, track)) + " | " + out.Tool(u"mpeg2enc.exe") + options + video);
+    out.Line(out.Tool(u"mplex.exe") + " -M -f 8 -o " + joined + " " + video + " " +
+             out.Path(title.File, key + audio_title_node::File.Suffix));
     out.Line("erase " + video);
-    out.Line(tool(u"insnav.exe") + " -o " + QuotedBatchPath(AudioTrackFile(settings, film, track)) + ' ' + joined);
+    out.Line(out.Tool(u"insnav.exe") + " -o " + out.Temp(InAudioFolder(key + u".mpg")) + " " + joined);
     out.Line("erase " + joined);
   }
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/audio_title_set.h"
-#include "core/line_text.h"
+#include "core/batch_lines.h"
 #include "core/project.h"
 
 namespace torvane {
@@ -23,11 +23,11 @@ QString AudioTrackFile(const Settings& settings, int film, int track);
 QString AudioSlideFile(const Settings& settings, int film, int track);
 
 /// Makes the folder of the track videos anew: the lines in front of the first audio titleset of a batch.
-void AudioFolderLines(LineText& out, const Settings& settings);
+void AudioFolderLines(BatchLines& out);
 
 /// The dvdauthor lines of an audio titleset: for each track one frame of video, multiplexed with the sound, with
 /// navigation packets.
-void WriteAudioTitleSet(LineText& out, const Project& project, int film);
+void WriteAudioTitleSet(BatchLines& out, const Project& project, int film);
 
 /// Playing time of a track, as AudioInfo has it.
 struct AudioTrackTime {

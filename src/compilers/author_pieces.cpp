@@ -1,5 +1,6 @@
 #include "compilers/author_pieces.h"
 
+#include "compilers/video_batch.h"
 #include "core/action_strings.h"
 #include "core/text.h"
 #include "core/timecode.h"
@@ -10,6 +11,10 @@ namespace torvane {
 namespace {
 
 constexpr QStringView kLineBreak = u"\r\n";
+
+QString MenuFile(LineValues& values, const MenuView& menu) {
+  return values.Temp(values.Word(menu.Key(), menu.Key()) + (menu.IsWide(values.InForce()) ? u"MenuL.mpg" : u"Menu.mpg"));
+}
 
 }  // namespace
 
@@ -50,17 +55,13 @@ QString PlayAllAction(const Settings& settings) {
   return settings.NoTitleSets ? u"g0=1;jump title 1;"_s : u"g0=1;g1=1;jump titleset 1 menu;"_s;
 }
 
-QString MenuFile(const Settings& settings, const QString& menuKey, bool wide) {
-  return settings.TempDir + u'\\' + menuKey + (wide ? u"MenuL.mpg" : u"Menu.mpg");
+QString RootMenuFile(LineValues& values, const MenuView& menu, AuthorMode mode) {
+  if (mode == AuthorMode::SyntaxCheck) return values.Temp(menu.Key() + u"test.mpg");
+  return MenuFile(values, menu);
 }
 
-QString RootMenuFile(const Settings& settings, const MenuView& menu, AuthorMode mode) {
-  if (mode == AuthorMode::SyntaxCheck) return settings.TempDir + u'\\' + menu.Key() + u"test.mpg";
-  return MenuFile(settings, menu.Key(), menu.IsWide(settings));
-}
-
-QString EmptyMenuFile(const Settings& settings, AuthorMode mode) {
-  return settings.TempDir + (mode == AuthorMode::SyntaxCheck ? u"\\Emptytest.mpg" : u"\\EmptyBackg.mpg");
+QString EmptyMenuFile(LineValues& values, AuthorMode mode) {
+  return values.Temp(mode == AuthorMode::SyntaxCheck ? u"Emptytest.mpg"_s : u"EmptyBackg.mpg"_s);
 }
 
 void AuthorPieces::VideoFormat() {
@@ -83,19 +84,27 @@ void AuthorPieces::Block(const QString& start, const QString& text, const QStrin
   out_.Line(end);
 }
 
+QString AuthorPieces::Commands(const QString& key, Attribute attribute) {
+  return values_.Commands(NodeView(project_.Tree, key).Text(attribute).value_or(QString()), key + attribute.Suffix);
+}
+
+QString AuthorPieces::Commands(const FilmView& film, Attribute attribute) {
+  return values_.Commands(film.Text(attribute).value_or(QString()), FilmNodeKey(attribute, film.Number()));
+}
+
 void AuthorPieces::Buttons(const MenuView& menu, const QString& playAll) {
   const auto line = [this](const QString& name, const QString& action) {
     out_.Line(u"        <button name=\"" + name + u"\">" + action + u"</button>");
   };
   for (const ButtonView& button : menu.Buttons()) {
     if (!button.IsWritten()) continue;
-    const QString action = button.Action().value_or(QString());
+    const QString action = Commands(button.Key(), element_node::Action);
     line(button.Key(), action == kPlayAllAction && !playAll.isEmpty() ? playAll : action);
   }
   const std::optional<ButtonView> autoButton = menu.AutoActionButton();
   if (!autoButton) return;
   const auto direction = [&](const QString& name, Attribute attribute) {
-    line(name, autoButton->Text(attribute).value_or(QString()));
+    line(name, Commands(autoButton->Key(), attribute));
   };
   direction(u"Actionleft"_s, element_node::ActionLeft);
   direction(u"Actionright"_s, element_node::ActionRight);
@@ -105,7 +114,7 @@ void AuthorPieces::Buttons(const MenuView& menu, const QString& playAll) {
 
 void AuthorPieces::MainMenuPost() {
   const MenuView menu(project_.Tree, MainMenuKey());
-  const QString post = IndentCommand(menu.Text(menu_node::BackgroundPostAction).value_or(QString()), 12);
+  const QString post = IndentCommand(Commands(menu.Key(), menu_node::BackgroundPostAction), 12);
   if (!post.isEmpty()) {
     Block(u"        <post>"_s, post, u"        </post>"_s);
   } else {
@@ -119,7 +128,8 @@ void AuthorPieces::LoopPost(const MenuView& menu, const QString& repeat) {
 }
 
 void AuthorPieces::Languages(const FilmView& film) {
-  const QString tags = film.Text(film_node::LanguageTags).value_or(QString());
+  const QString tags = values_.Attribute(film.Text(film_node::LanguageTags).value_or(QString()),
+                                         FilmNodeKey(film_node::LanguageTags, film.Number()));
   for (int position = 0; position < 2 * kFilmStreams; ++position) {
     const QString code = tags.mid(3 * position, 2);
     if (code.trimmed().isEmpty()) continue;
@@ -130,40 +140,49 @@ void AuthorPieces::Languages(const FilmView& film) {
 
 void AuthorPieces::FilmPgc(const FilmView& film) {
   const bool hasPalette = film.Text(film_node::SubColors).has_value();
-  out_.Line(hasPalette ? u"      <pgc palette=\"" + Stem(film) + u".pal\">" : u"      <pgc>"_s);
+  out_.Line(hasPalette ? u"      <pgc palette=\"" + Own(film, u".pal") + u"\">" : u"      <pgc>"_s);
 }
 
 void AuthorPieces::FilmVob(const FilmView& film) {
-  QString source = film.NeedsMux() ? QString(Stem(film) + u".mpg") : film.Video();
-  if (const int count = film.SubtitleCount()) source = Stem(film) + u"_SUB%1.mpg"_s.arg(count);
+  const int subtitles = film.SubtitleCount();
+  const QString source = subtitles != 0    ? Own(film, u"_SUB%1.mpg"_s.arg(subtitles))
+                         : film.NeedsMux() ? Own(film, u".mpg")
+                                           : values_.Path(film.Video(), FilmNodeKey(film_node::Video, film.Number()));
   const bool adjust = film.Fps() == u"29.97" && project_.Settings.AdjNTSCtc;
-  const QString chapters = adjust ? ConvertChapterList(film.Chapters()) : film.Chapters();
+  const QString stored = values_.Attribute(film.Chapters(), FilmNodeKey(film_node::Chapters, film.Number()));
+  const QString chapters = adjust ? ConvertChapterList(stored) : stored;
   out_.Line(u"        <vob file=\"" + source + u"\" chapters=\"" + chapters + u"\"/>");
 }
 
 void AuthorPieces::IntroVob() {
   const Settings& settings = project_.Settings;
   const bool isProgramStream = settings.IntroMovie.endsWith(u".mpg", Qt::CaseInsensitive);
-  const QString file = isProgramStream ? settings.IntroMovie : settings.TempDir + u"\\intro.mpg";
+  const QString file = isProgramStream ? values_.Path(settings.IntroMovie, kIntroFileKey.toString())
+                                       : values_.Temp(kIntroName.toString());
   out_.Line(u"        <vob file=\"" + file + u"\" chapters=\"00:00:00.00\"/>");
 }
 
-QString AuthorPieces::Stem(const FilmView& film) const {
-  return project_.Settings.TempDir + u'\\' + film.Name();
+QString AuthorPieces::Own(const FilmView& film, QStringView ending) {
+  return values_.Temp(film.Name(), ending, FilmNodeKey(film_node::Name, film.Number()));
+}
+
+void AuthorPieces::MenuVob(const MenuView& menu, const QString& file) {
+  const Attribute pause = IsAdditionalMenu(menu.Key()) ? menu_node::Pause : menu_node::BackgroundPause;
+  out_.Line(u"        <vob file=\"" + file + u"\" pause=\"" +
+            values_.Attribute(menu.Pause(), MenuNodeKey(menu.Key(), pause)) + u"\"/>");
 }
 
 void AuthorPieces::WriteMenuPgc(const QString& menuKey, int number, bool playAll) {
   const MenuView menu(project_.Tree, menuKey);
   MenuComment(menu, number);
-  const QString type = menu.Type();
+  const QString type = values_.Attribute(menu.Type(), MenuNodeKey(menuKey, menu_node::Type));
   if (type == u"SubMenu") {
     out_.Line(u"      <pgc>");
   } else {
     out_.Line(u"      <pgc entry=\"" + (type == u"Chapter(ptt)" ? u"ptt"_s : type) + u"\">");
   }
   MenuPre(menu, playAll && type == u"SubMenu");
-  out_.Line(u"        <vob file=\"" + MenuFile(project_.Settings, menuKey, menu.IsWide(project_.Settings)) +
-            u"\" pause=\"" + menu.Pause() + u"\"/>");
+  MenuVob(menu, MenuFile(values_, menu));
   Buttons(menu, {});
   MenuPost(menu, number);
   out_.Line(u"      </pgc>");
@@ -174,13 +193,14 @@ void AuthorPieces::MenuComment(const MenuView& menu, int number) {
   QString domain = u"vmgm"_s;
   if (!menu.Key().startsWith(u"MM")) {
     const ProjectNode* root = project_.Tree.Find(menu.Key());
-    domain = u"titleset " + (root ? root->Tag().mid(2) : QString());
+    domain = u"titleset " + values_.Comment(root ? root->Tag().mid(2) : QString(), menu.Key());
   }
-  out_.Line(u"      <!-- " + domain + u" menu " + QString::number(number) + u" (" + menu.Name() + u") --> ");
+  out_.Line(u"      <!-- " + domain + u" menu " + QString::number(number) + u" (" +
+            values_.Comment(menu.Name(), menu.Key()) + u") --> ");
 }
 
 void AuthorPieces::MenuPre(const MenuView& menu, bool playAll) {
-  QString pre = menu.Text(menu_node::PreCommand).value_or(QString());
+  QString pre = Commands(menu.Key(), menu_node::PreCommand);
   if (playAll) pre.prepend(u"g0=0; ");
   if (const int highlight = FindAutoActionButton(menu)) {
     constexpr QStringView kFirstButton = u"button=1024;";
@@ -196,7 +216,7 @@ void AuthorPieces::MenuPre(const MenuView& menu, bool playAll) {
 }
 
 void AuthorPieces::MenuPost(const MenuView& menu, int number) {
-  const QString post = menu.Text(menu_node::PostCommand).value_or(QString());
+  const QString post = Commands(menu.Key(), menu_node::PostCommand);
   if (post.isEmpty()) {
     LoopPost(menu, u"g1=s8/1024; jump menu %1;"_s.arg(number));
   } else if (post.contains(kLineBreak)) {

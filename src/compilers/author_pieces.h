@@ -5,6 +5,7 @@
 
 #include "core/film_view.h"
 #include "core/line_text.h"
+#include "core/line_values.h"
 #include "core/menu_view.h"
 #include "core/project.h"
 
@@ -29,7 +30,8 @@ QString PlayAllAction(const Settings& settings);
 /// Writes the parts of a dvdauthor control file that both of its forms share.
 class AuthorPieces {
  public:
-  AuthorPieces(const Project& project, LineText& out) : project_(project), out_(out) {}
+  AuthorPieces(const Project& project, LineText& out, LineValues& values)
+      : project_(project), out_(out), values_(values) {}
 
   /// The video format line of the norm.
   void VideoFormat();
@@ -52,6 +54,13 @@ class AuthorPieces {
   /// The film as the video batch leaves it, with its chapters.
   void FilmVob(const FilmView& film);
   void IntroVob();
+  /// The line of a menu's film in a PGC, with the menu's pause.
+  void MenuVob(const MenuView& menu, const QString& file);
+  /// Commands that a node holds; "" without the node.
+  QString Commands(const QString& key, Attribute attribute);
+  /// The commands before and after a film.
+  QString FilmPre(const FilmView& film) { return IndentCommand(Commands(film, film_node::PreAction), 12); }
+  QString FilmPost(const FilmView& film) { return IndentCommand(Commands(film, film_node::PostAction), 14); }
   /// A start line, a text of any number of lines, and an end line.
   void Block(const QString& start, const QString& text, const QString& end);
 
@@ -59,19 +68,19 @@ class AuthorPieces {
   void MenuComment(const MenuView& menu, int number);
   void MenuPre(const MenuView& menu, bool playAll);
   void MenuPost(const MenuView& menu, int number);
-  QString Stem(const FilmView& film) const;
+  QString Commands(const FilmView& film, Attribute attribute);
+  QString Own(const FilmView& film, QStringView ending);
 
   const Project& project_;
   LineText& out_;
+  LineValues& values_;
 };
 
-/// Path of the multiplexed menu file that a control file names: "{Temp}\MMMenu.mpg", "MMMenuL.mpg" on a 16:9 menu.
-QString MenuFile(const Settings& settings, const QString& menuKey, bool wide);
-
-/// The same of the main menu or of a titleset's root menu; "{Temp}\MMtest.mpg" for the syntax check.
-QString RootMenuFile(const Settings& settings, const MenuView& menu, AuthorMode mode);
+/// Path of the multiplexed file of the main menu or of a titleset's root menu, which a control file names:
+/// "{Temp}\MMMenu.mpg", "MMMenuL.mpg" on a 16:9 menu; "{Temp}\MMtest.mpg" for the syntax check.
+QString RootMenuFile(LineValues& values, const MenuView& menu, AuthorMode mode);
 
 /// "{Temp}\EmptyBackg.mpg", the menu video that nobody sees.
-QString EmptyMenuFile(const Settings& settings, AuthorMode mode);
+QString EmptyMenuFile(LineValues& values, AuthorMode mode);
 
 }  // namespace torvane

@@ -12,16 +12,17 @@ QString Number(int value) { return QString::number(value); }
 /// Writes the one control file; its members are the blocks of the file in their order.
 class SingleWriter {
  public:
-  SingleWriter(const Project& project, AuthorMode mode)
+  SingleWriter(const Project& project, AuthorMode mode, LineValues& values)
       : project_(project),
         settings_(project.Settings),
         mode_(mode),
         playAll_(HasPlayAllButton(project)),
-        pieces_(project, out_) {}
+        values_(values),
+        pieces_(project, out_, values) {}
 
   QByteArray Write() {
     out_.Line(u"<?xml version=\"1.0\" encoding=\"utf-8\"?>");
-    out_.Line(u"<dvdauthor dest=\"" + settings_.OutDir + u"\\DVD\">");
+    out_.Line(u"<dvdauthor dest=\"" + values_.Path(settings_.OutDir + u"\\DVD") + u"\">");
     out_.Line(u"<vmgm>");
     if (settings_.UseIntro && settings_.CommentXML) out_.Line(u"      <!-- First Play action (Intro) --> ");
     if (settings_.UseIntro) out_.Line(u"      <fpc> jump title " + Number(project_.FilmCount + 1) + u"; </fpc>");
@@ -47,8 +48,7 @@ class SingleWriter {
     pieces_.WriteVideoElement(settings_.DefMenuRatio);
     out_.Line(u"      <pgc>");
     MainMenuPre(menu);
-    const QString file = RootMenuFile(settings_, menu, mode_);
-    out_.Line(u"        <vob file=\"" + file + u"\" pause=\"" + menu.Pause() + u"\"/>");
+    pieces_.MenuVob(menu, RootMenuFile(values_, menu, mode_));
     pieces_.Buttons(menu, PlayAllAction(settings_));
     pieces_.MainMenuPost();
     out_.Line(u"      </pgc>");
@@ -58,7 +58,7 @@ class SingleWriter {
   }
 
   void MainMenuPre(const MenuView& menu) {
-    const QString pre = IndentCommand(menu.Text(menu_node::BackgroundPreAction).value_or(QString()), 12);
+    const QString pre = IndentCommand(pieces_.Commands(menu.Key(), menu_node::BackgroundPreAction), 12);
     if (!pre.isEmpty()) {
       out_.Line(u"      <pre>");
       out_.Line(pre + u"      </pre>");
@@ -80,7 +80,7 @@ class SingleWriter {
     pieces_.VideoFormat();
     out_.Line(u"      <pgc>");
     out_.Line(u"        <pre>jump vmgm menu 1;</pre>");
-    out_.Line(u"        <vob file=\"" + EmptyMenuFile(settings_, mode_) + u"\" />");
+    out_.Line(u"        <vob file=\"" + EmptyMenuFile(values_, mode_) + u"\" />");
     out_.Line(u"        <post>jump vmgm menu 1;</post>");
     out_.Line(u"      </pgc>");
     out_.Line(u"    </menus>");
@@ -88,14 +88,14 @@ class SingleWriter {
 
   void Film(const FilmView& film) {
     pieces_.FilmPgc(film);
-    const QString pre = IndentCommand(film.Text(film_node::PreAction).value_or(QString()), 12);
+    const QString pre = pieces_.FilmPre(film);
     if (!pre.isEmpty()) {
       pieces_.Block(u"      <pre>"_s, pre, u"      </pre>"_s);
     } else if (film.StartsWithSubtitle()) {
       out_.Line(u"      <pre> subtitle=64; </pre>");
     }
     pieces_.FilmVob(film);
-    const QString post = IndentCommand(film.Text(film_node::PostAction).value_or(QString()), 14);
+    const QString post = pieces_.FilmPost(film);
     if (!post.isEmpty()) {
       pieces_.Block(u"        <post>"_s, post, u"        </post>"_s);
     } else {
@@ -127,12 +127,15 @@ class SingleWriter {
   AuthorMode mode_;
   bool playAll_;
   LineText out_;
+  LineValues& values_;
   AuthorPieces pieces_;
 };
 
 }  // namespace
 
-QByteArray WriteAuthorXmlSingle(const Project& project, AuthorMode mode) { return SingleWriter(project, mode).Write(); }
+QByteArray WriteAuthorXmlSingle(const Project& project, AuthorMode mode, LineValues& values) { 
+  return SingleWriter(project, mode, values).Write();
+}
 
 QString AuthorLogText(const Project& project) {
   QString log = u"Project: " + project.ProjectFile + u"\r\nOutput: " + project.Settings.OutDir + u"\\DVD\r\n";

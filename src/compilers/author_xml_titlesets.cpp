@@ -15,17 +15,18 @@ constexpr int kChainGroup = 25;       ///< and each further one
 /// Writes the one control file; its members are the blocks of the file in their order.
 class TitlesetWriter {
  public:
-  TitlesetWriter(const Project& project, AuthorMode mode)
+  TitlesetWriter(const Project& project, AuthorMode mode, LineValues& values)
       : project_(project),
         settings_(project.Settings),
         mode_(mode),
         playAll_(HasPlayAllButton(project)),
         chained_(settings_.GoNextTitle || playAll_),
-        pieces_(project, out_) {}
+        values_(values),
+        pieces_(project, out_, values) {}
 
   QByteArray Write() {
     out_.Line(u"<?xml version=\"1.0\" encoding=\"utf-8\"?>");
-    out_.Line(u"<dvdauthor dest=\"" + settings_.OutDir + u"\\DVD\">");
+    out_.Line(u"<dvdauthor dest=\"" + values_.Path(settings_.OutDir + u"\\DVD") + u"\">");
     out_.Line(u"<vmgm>");
     if (settings_.UseIntro) {
       if (settings_.CommentXML) out_.Line(u"      <!-- First Play action (Intro) --> ");
@@ -50,8 +51,8 @@ class TitlesetWriter {
   MenuView MainMenu() const { return {project_.Tree, MainMenuKey()}; }
   MenuView RootMenu(const FilmView& film) const { return {project_.Tree, TitleSetMenuKey(film.Number())}; }
 
-  static QString PreAction(const MenuView& menu) {
-    return IndentCommand(menu.Text(menu_node::BackgroundPreAction).value_or(QString()), 12);
+  QString PreAction(const MenuView& menu) {
+    return IndentCommand(pieces_.Commands(menu.Key(), menu_node::BackgroundPreAction), 12);
   }
 
   // ---- The VMGM domain ----
@@ -69,7 +70,7 @@ class TitlesetWriter {
       out_.Line(u"             jump titleset 1 menu; }");
       out_.Line(u"       </pre>");
     }
-    out_.Line(u"        <vob file=\"" + EmptyMenuFile(settings_, mode_) + u"\" pause=\"0\"/>");
+    out_.Line(u"        <vob file=\"" + EmptyMenuFile(values_, mode_) + u"\" pause=\"0\"/>");
     out_.Line(u"      </pgc>");
   }
 
@@ -83,7 +84,7 @@ class TitlesetWriter {
     } else {
       out_.Line(GeneratedMainMenuPre(menu));
     }
-    out_.Line(u"        <vob file=\"" + RootMenuFile(settings_, menu, mode_) + u"\" pause=\"" + menu.Pause() + u"\"/>");
+    pieces_.MenuVob(menu, RootMenuFile(values_, menu, mode_));
     pieces_.Buttons(menu, PlayAllAction(settings_));
     pieces_.MainMenuPost();
     out_.Line(u"      </pgc>");
@@ -140,7 +141,8 @@ class TitlesetWriter {
     out_.Line(u"<titleset>");
     out_.Line(u"    <menus>");
     if (settings_.CommentXML) {
-      out_.Line(u"      <!-- titleset %1 menu 1 ("_s.arg(film.Number()) + root.Name() + u") --> ");
+      out_.Line(u"      <!-- titleset %1 menu 1 ("_s.arg(film.Number()) + values_.Comment(root.Name(), root.Key()) +
+                u") --> ");
     }
     if (settings_.NoMenus) {
       PassingMenu();
@@ -167,7 +169,7 @@ class TitlesetWriter {
     pieces_.VideoFormat();
     out_.Line(u"      <pgc entry=\"root\" pause=\"0\">");
     out_.Line(u"        <pre> {  jump title 1 chapter 1; } </pre>");
-    out_.Line(u"        <vob file=\"" + EmptyMenuFile(settings_, mode_) + u"\" pause=\"0\"/>");
+    out_.Line(u"        <vob file=\"" + EmptyMenuFile(values_, mode_) + u"\" pause=\"0\"/>");
     out_.Line(u"      </pgc>");
   }
 
@@ -180,7 +182,7 @@ class TitlesetWriter {
     } else {
       GeneratedRootPre(film, root);
     }
-    out_.Line(u"        <vob file=\"" + RootMenuFile(settings_, root, mode_) + u"\" pause=\"" + root.Pause() + u"\"/>");
+    pieces_.MenuVob(root, RootMenuFile(values_, root, mode_));
     pieces_.Buttons(root, {});
     RootPost(root);
     out_.Line(u"      </pgc>");
@@ -218,7 +220,7 @@ class TitlesetWriter {
   }
 
   void RootPost(const MenuView& root) {
-    const QString post = root.Text(menu_node::BackgroundPostAction).value_or(QString());
+    const QString post = pieces_.Commands(root.Key(), menu_node::BackgroundPostAction);
     if (post.isEmpty()) {
       pieces_.LoopPost(root, u"g3=s8/1024; jump menu 1;"_s);
     } else if (post.contains(u"\r\n")) {
@@ -229,7 +231,7 @@ class TitlesetWriter {
   }
 
   void TitlePre(const FilmView& film) {
-    const QString pre = IndentCommand(film.Text(film_node::PreAction).value_or(QString()), 12);
+    const QString pre = pieces_.FilmPre(film);
     if (!pre.isEmpty()) {
       pieces_.Block(u"      <pre>"_s, pre, u"      </pre>"_s);
     } else {
@@ -241,7 +243,7 @@ class TitlesetWriter {
   void AudioTitles(const FilmView& film) {
     const int count = AudioTrackCount(project_.Tree, film.Number());
     const auto vob = [&](int track, QStringView chapters) {
-      out_.Line(u"        <vob file=\"" + AudioTrackFile(settings_, film.Number(), track) + u'"' + chapters + u"/>");
+      out_.Line(u"        <vob file=\"" + values_.Path(AudioTrackFile(settings_, film.Number(), track)) + u'"' + chapters + u"/>");
     };
     if (HasOneTitle(project_.Tree, film.Number())) {
       out_.Line(u"      <pgc>");
@@ -260,7 +262,7 @@ class TitlesetWriter {
   }
 
   void TitlePost(const FilmView& film, const MenuView& root) {
-    const QString post = IndentCommand(film.Text(film_node::PostAction).value_or(QString()), 14);
+    const QString post = pieces_.FilmPost(film);
     if (!post.isEmpty()) {
       pieces_.Block(u"        <post>"_s, post, u"        </post>"_s);
     } else {
@@ -285,7 +287,7 @@ class TitlesetWriter {
     if (settings_.CommentXML) out_.Line(u"      <!-- Titleset for First Play action (Intro) --> ");
     out_.Line(u"      <pgc entry=\"root\">");
     out_.Line(u"        <pre>  jump title 1 chapter 1; </pre>");
-    out_.Line(u"        <vob file=\"" + EmptyMenuFile(settings_, mode_) + u"\" />");
+    out_.Line(u"        <vob file=\"" + EmptyMenuFile(values_, mode_) + u"\" />");
     out_.Line(u"      </pgc>");
     out_.Line(u"    </menus>");
     out_.Line(u"    <titles>");
@@ -307,13 +309,14 @@ class TitlesetWriter {
   bool chained_;  ///< titles follow each other, always or in a run through all
   int firstJumpPgc_ = 2;
   LineText out_;
+  LineValues& values_;
   AuthorPieces pieces_;
 };
 
 }  // namespace
 
-QByteArray WriteAuthorXmlTitlesets(const Project& project, AuthorMode mode) {
-  return TitlesetWriter(project, mode).Write();
+QByteArray WriteAuthorXmlTitlesets(const Project& project, AuthorMode mode, LineValues& values) {
+  return TitlesetWriter(project, mode, values).Write();
 }
 
 }  // namespace torvane

@@ -102,6 +102,12 @@ bool RefusesNothing(const QStringList& findings, Prompter& prompter) {
   return findings.isEmpty();
 }
 
+bool RefusesNothing(const QList<Finding>& findings, Prompter& prompter) {
+  QStringList texts;
+  for (const Finding& finding : findings) texts << finding.text;
+  return RefusesNothing(texts, prompter);
+}
+
 QString VideoTsDir(const Settings& settings) { return settings.OutDir + u"\\DVD\\VIDEO_TS"; }
 
 QString IsoFile(const Settings& settings) {

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "core/finding.h"
 #include "core/project.h"
 #include "core/prompter.h"
 
@@ -38,6 +39,7 @@ bool CheckSourcesSafe(const Project& project, Prompter& prompter);
 
 /// Tells the findings in one box; true when there are none.
 bool RefusesNothing(const QStringList& findings, Prompter& prompter);
+bool RefusesNothing(const QList<Finding>& findings, Prompter& prompter);
 
 /// "{Out}\DVD\VIDEO_TS"
 QString VideoTsDir(const Settings& settings);

@@ -5,11 +5,11 @@
 
 #include "compilers/audio_titleset.h"
 #include "compilers/author_xml.h"
-#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
 #include "compilers/menu_files.h"
 #include "compilers/plan_check.h"
 #include "compilers/temporary_names.h"
+#include "compilers/written_values.h"
 #include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"
@@ -52,7 +52,7 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
   const Settings& settings = project_.Settings;
   const bool ready = IsSupported(PlanUse::Run) && CheckIntro(project_, prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckBatchTexts(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
+                     CheckWrittenValues(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
                      CheckSourcesSafe(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) &&
                      ClearOldIso(project_, prompter_) && CheckFreeSpace(project_, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
@@ -62,7 +62,7 @@ Readiness CreateDvdPipeline::PrepareCreateBatch() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const bool ready = IsSupported(PlanUse::WriteOnly) && CheckIntro(project_, prompter_) &&
                      (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckBatchTexts(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
+                     CheckWrittenValues(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 
@@ -71,13 +71,13 @@ std::optional<RunPlan> CreateDvdPipeline::BuildProject(BatchUse use) {
   batchList_.clear();
   const bool written = WriteVideoFiles() && CompileMenus() &&
                        WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::Run)) &&
-                       AddBatch(kAuthorBatch.toString(), AuthorBatch(settings)) && WriteIsoBatch(use);
+                       AddBatch(kAuthorBatch.toString(), AuthorBatch(values_)) && WriteIsoBatch(use);
   if (!written) return std::nullopt;
 
   if (use == BatchUse::WriteOnly) {
-    if (!WriteTemp(kMainBatch.toString(), MainBatch(batchList_))) return std::nullopt;
+    if (!WriteTemp(kMainBatch.toString(), MainBatch(batchList_, values_))) return std::nullopt;
     prompter_.Inform(GetMessage(117));
-  } else if (!AddBatch(kEndBatch.toString(), EndBatch())) {
+  } else if (!AddBatch(kEndBatch.toString(), EndBatch(values_))) {
     return std::nullopt;
   }
   return RunPlan{.BatchList = batchList_, .LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString()};
@@ -88,22 +88,24 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
     prompter_.Fail(GetMessage(53));
     return std::nullopt;
   }
-  if (!IsSupported(PlanUse::SyntaxCheck)) return std::nullopt;
+  if (!IsSupported(PlanUse::SyntaxCheck) || !CheckWrittenValues(project_, prompter_)) return std::nullopt;
   batchList_.clear();
   const bool written = WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::SyntaxCheck)) &&
-                       AddBatch(kSyntaxBatch.toString(), SyntaxBatch(project_.Settings));
+                       AddBatch(kSyntaxBatch.toString(), SyntaxBatch(values_));
   if (!written) return std::nullopt;
   return RunPlan{.BatchList = batchList_,
                  .RunMode = u"1"_s,
                  .LogText = project_.Settings.KeepLogFile ? AuthorLogText(project_) : QString()};
 }
 
-QByteArray CreateDvdPipeline::AuthorXml(AuthorMode mode) const {
-  return project_.Settings.NoTitleSets ? WriteAuthorXmlSingle(project_, mode) : WriteAuthorXmlTitlesets(project_, mode);
+QByteArray CreateDvdPipeline::AuthorXml(AuthorMode mode) {
+  return project_.Settings.NoTitleSets ? WriteAuthorXmlSingle(project_, mode, values_)
+                                       : WriteAuthorXmlTitlesets(project_, mode, values_);
 }
 
 bool CreateDvdPipeline::WriteVideoFiles() {
-  const VideoBatch video = WriteVideoBatch(project_);
+  const VideoBatch video = WriteVideoBatch(project_, values_);
+  if (!AllValuesPassed()) return false;
   for (const GeneratedFile& palette : video.palettes) WritePaletteFile(palette);
   for (const GeneratedFile& file : video.controlFiles) {
     if (!Succeeded(WriteGeneratedFile(file.path, file.content))) return false;
@@ -170,9 +172,9 @@ bool CreateDvdPipeline::CompileMenu(const QString& key) {
     if (settings.AutoDelete) CleanTempDir(settings.TempDir, SourceGuard(ProjectFiles(project_)));
     return false;
   }
-  return Succeeded(WriteMenuFiles(*composed, settings.TempDir)) &&
-         AddBatch(key + u"Brun1.bat", StillMenuBatch1(menu, settings)) &&
-         AddBatch(key + u"Brun2.bat", StillMenuBatch2(menu, settings));
+  return RefusesNothing(composed->Refused, prompter_) && Succeeded(WriteMenuFiles(*composed, settings.TempDir)) &&
+         AddBatch(key + u"Brun1.bat", StillMenuBatch1(menu, values_)) &&
+         AddBatch(key + u"Brun2.bat", StillMenuBatch2(menu, values_));
 }
 
 bool CreateDvdPipeline::WriteEmptyBackgroundBatch() {
@@ -183,12 +185,12 @@ bool CreateDvdPipeline::WriteEmptyBackgroundBatch() {
     prompter_.Fail(picture.Error());
     return false;
   }
-  return WriteTemp(name, *picture) && AddBatch(kEmptyMenuBatch.toString(), EmptyMenuBatch(settings));
+  return WriteTemp(name, *picture) && AddBatch(kEmptyMenuBatch.toString(), EmptyMenuBatch(values_));
 }
 
 bool CreateDvdPipeline::WriteIsoBatch(BatchUse use) {
   const Settings& settings = project_.Settings;
-  return !settings.CreateISO || AddBatch(kIsoBatch.toString(), IsoBatch(settings, IsoFile(settings), use));
+  return !settings.CreateISO || AddBatch(kIsoBatch.toString(), IsoBatch(IsoFile(settings), use, values_));
 }
 
 bool CreateDvdPipeline::AddBatch(const QString& name, const QByteArray& text) {
@@ -197,8 +199,11 @@ bool CreateDvdPipeline::AddBatch(const QString& name, const QByteArray& text) {
 }
 
 bool CreateDvdPipeline::WriteTemp(const QString& name, const QByteArray& content) {
-  return Succeeded(WriteGeneratedFile(project_.Settings.TempDir + u'\\' + name, content));
+  return AllValuesPassed() && Succeeded(WriteGeneratedFile(project_.Settings.TempDir + u'\\' + name, content));
 }
+
+/// The checks before a run have let the writers try already; this holds where one was left out.
+bool CreateDvdPipeline::AllValuesPassed() { return RefusesNothing(values_.Refused(), prompter_); }
 
 bool CreateDvdPipeline::Succeeded(const Status& status) {
   if (!status) prompter_.Fail(status.Error());

@@ -54,7 +54,7 @@ class CreateDvdPipeline {
   bool WriteVideoFiles();
   void WritePaletteFile(const GeneratedFile& palette);
   bool WriteAudioSlides(int film);
-  QByteArray AuthorXml(AuthorMode mode) const;
+  QByteArray AuthorXml(AuthorMode mode);
   bool CompileMenus();
   bool CompileMainMenus();
   bool CompileTitlesetMenus();
@@ -65,9 +65,11 @@ class CreateDvdPipeline {
   bool AddBatch(const QString& name, const QByteArray& text);
   bool WriteTemp(const QString& name, const QByteArray& content);
   bool Succeeded(const Status& status);
+  bool AllValuesPassed();
 
   const Project& project_;
   Prompter& prompter_;
+  LineValues values_{project_.Settings};
   QStringList batchList_;
 };
 

@@ -1,14 +1,14 @@
 #include "compilers/run_batches.h"
 
-#include "core/line_text.h"
-#include "core/messages.h"
+#include "core/batch_lines.h"
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
 
-QByteArray DvdAuthorLine(const Settings& settings, const QByteArray& options) {
-  return QuotedBatchPath(settings.DvdAuthorPath + u"\\dvdauthor.exe") + options + " -x " +
-         QuotedBatchPath(settings.TempDir + u"\\Author.xml");
+void DvdAuthorLine(BatchLines& out, const BatchPiece& options) {
+  out.Line(out.Tool(u"dvdauthor.exe") + options + " -x " + out.Temp(u"Author.xml"_s));
 }
 
 bool IsBurnBatch(const QString& name) {
@@ -17,61 +17,59 @@ bool IsBurnBatch(const QString& name) {
 
 }  // namespace
 
-QByteArray AuthorBatch(const Settings& settings) {
-  QByteArray options;
-  if (settings.ShortDVDALog) options += " -w";
-  if (settings.ForceSCR) options += " -r";
-  LineText out;
-  out.Line(u"@echo off");
-  out.Line(u"echo.");
-  out.Line(u"echo author DVD");
-  out.Line(DvdAuthorLine(settings, options));
+QByteArray AuthorBatch(LineValues& values) {
+  BatchPiece options("");
+  if (values.InForce().ShortDVDALog) options = options + " -w";
+  if (values.InForce().ForceSCR) options = options + " -r";
+  BatchLines out(values);
+  out.Line("@echo off");
+  out.Line("echo.");
+  out.Line("echo author DVD");
+  DvdAuthorLine(out, options);
   return out.Bytes();
 }
 
-QByteArray IsoBatch(const Settings& settings, const QString& isoFile, BatchUse use) {
-  LineText out;
-  out.Line(u"@echo off");
-  out.Line(u"echo.");
+QByteArray IsoBatch(const QString& isoFile, BatchUse use, LineValues& values) {
+  const Settings& settings = values.InForce();
+  BatchLines out(values);
+  out.Line("@echo off");
+  out.Line("echo.");
   if (settings.AutoDelete) {
-    out.Line(u"echo Delete temp files");
+    out.Line("echo Delete temp files");
     for (const QStringView mask : {u"TempSub.d\\*.*", u"TempAudioMpg\\*.*", u"*.xml", u"*.png", u"*.bmp", u"*.mxp",
                                    u"*.vob", u"*.mpg", u"*.jpg", u"*.m2v", u"*.mpv"}) {
-      const QByteArray line = "erase " + QuotedBatchPath(settings.TempDir + u'\\' + mask) + " /Q";
-      out.Line(use == BatchUse::WriteOnly ? QByteArray("REM " + line) : line);
+      const BatchPiece line = "erase " + out.Path(settings.TempDir + u'\\' + mask) + " /Q";
+      out.Line(use == BatchUse::WriteOnly ? "REM " + line : line);
     }
   }
-  out.Line(u"echo create ISO image");
-  out.Line(QuotedBatchPath(settings.DvdAuthorPath + u"\\mkisofs.exe") + " -dvd-video -V \"" +
-           BatchText(settings.ISO_Name) + "\" -udf -o " + QuotedBatchPath(isoFile) + ' ' +
-           QuotedBatchPath(settings.OutDir + u"\\DVD"));
+  out.Line("echo create ISO image");
+  out.Line(out.Tool(u"mkisofs.exe") + " -dvd-video -V " + out.Name(settings.ISO_Name) + " -udf -o " + out.Path(isoFile) +
+           " " + out.Path(settings.OutDir + u"\\DVD"));
   return out.Bytes();
 }
 
-QByteArray EndBatch() {
-  LineText out;
-  out.Line(u"@echo off");
-  out.Line(u"echo.");
-  out.Line("echo " + BatchText(GetMessage(113)));
-  out.Line(u"echo.");
+QByteArray EndBatch(LineValues& values) {
+  BatchLines out(values);
+  out.Line("@echo off");
+  out.Line("echo.");
+  out.Line("echo " + BatchLines::Message(113));
+  out.Line("echo.");
   return out.Bytes();
 }
 
-QByteArray MainBatch(const QStringList& batchList) {
-  LineText out;
-  for (int message = 118; message <= 128; ++message) out.Line(BatchText(GetMessage(message)));
-  out.Line(u"REM");
-  for (const QString& name : batchList) {
-    out.Line((IsBurnBatch(name) ? QByteArray("REM Call ") : QByteArray("Call ")) + BatchText(name));
-  }
+QByteArray MainBatch(const QStringList& batchList, LineValues& values) {
+  BatchLines out(values);
+  for (int message = 118; message <= 128; ++message) out.Line(BatchLines::Message(message));
+  out.Line("REM");
+  for (const QString& name : batchList) out.Line((IsBurnBatch(name) ? "REM Call " : BatchPiece("Call ")) + out.Word(name));
   return out.Bytes();
 }
 
-QByteArray SyntaxBatch(const Settings& settings) {
-  LineText out;
-  out.Line(u"@echo off");
-  out.Line(u"echo author DVD");
-  out.Line(DvdAuthorLine(settings, {}));
+QByteArray SyntaxBatch(LineValues& values) {
+  BatchLines out(values);
+  out.Line("@echo off");
+  out.Line("echo author DVD");
+  DvdAuthorLine(out, "");
   return out.Bytes();
 }
 

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-#include "core/settings.h"
+#include "core/line_values.h"
 
 namespace torvane {
 
@@ -20,19 +20,21 @@ inline constexpr QStringView kSyntaxBatch = u"testrun.bat";
 /// Whether the batches are run at once or only written for the user.
 enum class BatchUse { Run, WriteOnly };
 
+// Each takes the settings in force from the gate that its values pass.
+
 /// `author.bat`: authors the disc.
-QByteArray AuthorBatch(const Settings& settings);
+QByteArray AuthorBatch(LineValues& values);
 
 /// `makeiso.bat`: with `AutoDelete` erases the temporary files first, which batches for the user only name.
-QByteArray IsoBatch(const Settings& settings, const QString& isoFile, BatchUse use);
+QByteArray IsoBatch(const QString& isoFile, BatchUse use, LineValues& values);
 
 /// `EndTvn.bat`: the closing line in the console.
-QByteArray EndBatch();
+QByteArray EndBatch(LineValues& values);
 
 /// `MainBatch.bat`: calls the batches of a list; those that burn are left to the user.
-QByteArray MainBatch(const QStringList& batchList);
+QByteArray MainBatch(const QStringList& batchList, LineValues& values);
 
 /// `testrun.bat`: the syntax check.
-QByteArray SyntaxBatch(const Settings& settings);
+QByteArray SyntaxBatch(LineValues& values);
 
 }  // namespace torvane

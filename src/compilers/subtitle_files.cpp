@@ -15,9 +15,9 @@ constexpr std::array<QStringView, 13> kFormatAttributes{
     u"left-margin",  u"right-margin", u"top-margin",  u"bottom-margin",        u"movie-fps",
     u"subtitle-fps", u"movie-width",  u"movie-height"};
 
-}  // namespace
-
-QString SubFormatAttributes(const QString& format) {
+/// The attributes of a subtitle format string of 13 fields separated by "/", a line each without a line break behind the
+/// last.
+QString Attributes(const QString& format) {
   const QStringList fields = format.split(u'/');
   QStringList lines;
   for (qsizetype i = 0; i < std::min<qsizetype>(fields.size(), kFormatAttributes.size()); ++i) {
@@ -26,12 +26,16 @@ QString SubFormatAttributes(const QString& format) {
   return lines.join(u"\r\n");
 }
 
-QByteArray WriteTextSubXml(const QString& subtitleFile, const QString& attributes) {
+}  // namespace
+
+QByteArray WriteTextSubXml(const FilmView& film, int stream, LineValues& values) {
+  const QString file = film.Subtitle(stream).value_or(QString());
+  const QString formatKey = FilmSubtitleFormatKey(film.Number(), stream);
   LineText out;
   out.Line(u"<subpictures>");
   out.Line(u"   <stream>");
-  out.Line(QString(u"     <textsub filename=\"" + subtitleFile + u"\""));
-  out.Line(attributes);
+  out.Line(u"     <textsub filename=\"" + values.Path(file, FilmSubtitleKey(film.Number(), stream)) + u"\"");
+  out.Line(Attributes(values.Attribute(film.SubtitleFormat(stream), formatKey)));
   out.Line(u"     />");
   out.Line(u"   </stream>");
   out.Line(u"</subpictures>");

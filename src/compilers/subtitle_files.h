@@ -3,13 +3,13 @@
 #include <QByteArray>
 #include <QString>
 
+#include "core/film_view.h"
+#include "core/line_values.h"
+
 namespace torvane {
 
-/// The attributes of a text subtitle, a line each without a line break behind the last. `format` is the subtitle format
-/// string of 13 fields separated by "/"; missing fields give no line.
-QString SubFormatAttributes(const QString& format);
-
-/// Control file with which spumux adds a text subtitle to a film.
-QByteArray WriteTextSubXml(const QString& subtitleFile, const QString& attributes);
+/// Control file with which spumux adds a text subtitle to a film; `stream` is 1 to 3. A field that the film's subtitle
+/// format string lacks gives no attribute.
+QByteArray WriteTextSubXml(const FilmView& film, int stream, LineValues& values);
 
 }  // namespace torvane

@@ -1,14 +1,16 @@
 #pragma once
 
-#include <QStringList>
+#include <QList>
 
+#include "core/finding.h"
 #include "core/project.h"
 #include "core/prompter.h"
 
 namespace torvane {
 
-/// No two films share the name of their temporary files, none of these files is a source of the project, and none lies in
-/// the folders that the video batch empties.
+/// No film's temporary files have the name of another film's or of a file that the program makes, none of the temporary
+/// files is a source of the project, and no source lies in the folders that the video batch empties.
 bool CheckTemporaryNames(const Project& project, Prompter& prompter);
-QStringList TemporaryNameFindings(const Project& project);  ///< the same as sentences
+QList<Finding> TemporaryNameFindings(const Project& project);  ///< the same as findings
+
 }  // namespace torvane

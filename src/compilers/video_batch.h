@@ -4,6 +4,7 @@
 #include <QString>
 #include <vector>
 
+#include "core/line_values.h"
 #include "core/project.h"
 
 namespace torvane {
@@ -14,6 +15,8 @@ struct GeneratedFile {
   QByteArray content;
 };
 
+inline constexpr QStringView kIntroName = u"intro.mpg";  ///< in `TempDir`: the intro once multiplexed
+
 struct VideoBatch {
   QByteArray batch;                         ///< text of `batchrun0.bat`
   std::vector<GeneratedFile> palettes;      ///< of the films' subtitles
@@ -22,6 +25,6 @@ struct VideoBatch {
 
 /// The batch that brings every film into the state that the control file names: multiplexed, with its subtitle
 /// streams. A track of an audio titleset becomes a film of its picture.
-VideoBatch WriteVideoBatch(const Project& project);
+VideoBatch WriteVideoBatch(const Project& project, LineValues& values);
 
 }  // namespace torvane

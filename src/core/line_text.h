@@ -20,14 +20,4 @@ class LineText {
   QByteArray bytes_;
 };
 
-/// A path as it stands in a line of a batch file: "%" doubled, the German letters in the DOS code page. The quotes
-/// around it belong to the line.
-QByteArray BatchPath(const QString& path);
-
-/// The same in double quotes.
-QByteArray QuotedBatchPath(const QString& path);
-
-/// Any other text inserted into a line of a batch file: "%" doubled, UTF-8.
-QByteArray BatchText(const QString& text);
-
 }  // namespace torvane

@@ -8,9 +8,11 @@ namespace torvane {
 namespace {
 
 /// When the buttons appear.
-QString Start(const MenuView& menu, const Settings& settings) {
+QString Start(const MenuView& menu, LineValues& values) {
   const QString atOnce = u"00:00:00.0"_s;
-  return menu.IsAnimated(settings) ? menu.Text(menu_node::BackgroundDelay).value_or(atOnce) : atOnce;
+  if (!menu.IsAnimated(values.InForce())) return atOnce;
+  const QString delay = menu.Text(menu_node::BackgroundDelay).value_or(atOnce);
+  return values.Attribute(delay, MenuNodeKey(menu.Key(), menu_node::BackgroundDelay));
 }
 
 QString ButtonLine(const QString& key, const Edges& edges, const QString& links) {
@@ -23,18 +25,18 @@ QString ButtonLine(const QString& key, const Edges& edges, const QString& links)
 
 }  // namespace
 
-QByteArray SpuXmlText(const MenuView& menu, const Settings& settings, std::span<const ButtonRectangle> rectangles,
-                      SpuFile file) {
+QByteArray SpuXmlText(const MenuView& menu, std::span<const ButtonRectangle> rectangles, SpuFile file,
+                      LineValues& values) {
   const bool letterbox = file == SpuFile::Letterbox;
-  const QString stem = settings.TempDir + u'\\' + menu.Key();
+  const auto picture = [&](QStringView name) { return values.Temp(menu.Key() + name); };
   const std::optional<ButtonView> autoButton = menu.AutoActionButton();
 
   LineText out;
   out.Line(u"<subpictures>");
   out.Line(u"  <stream>");
-  out.Line(u"    <spu start=\"" + Start(menu, settings) + u'"');
-  out.Line(u"         highlight=\"" + stem + (letterbox ? u"HighL.png" : u"High.png") + u'"');
-  out.Line(u"         select=\"" + stem + (letterbox ? u"ActL.png" : u"Act.png") + u'"');
+  out.Line(u"    <spu start=\"" + Start(menu, values) + u'"');
+  out.Line(u"         highlight=\"" + picture(letterbox ? u"HighL.png" : u"High.png") + u'"');
+  out.Line(u"         select=\"" + picture(letterbox ? u"ActL.png" : u"Act.png") + u'"');
   out.Line(u"         force=\"yes\"");
   out.Line(u"         autoorder=\"rows\">");
   for (const ButtonRectangle& rectangle : rectangles) {

@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <span>
 
+#include "core/line_values.h"
 #include "core/menu_view.h"
-#include "core/settings.h"
 #include "designer/button_rectangles.h"
 
 namespace torvane {
@@ -14,7 +14,7 @@ enum class SpuFile { Frame, Letterbox };
 
 /// The control file by which spumux puts a menu's highlights into its video, UTF-8 with CR LF: "Spu.xml" or
 /// "SpuL.xml". `rectangles` are those of `ButtonRectangles`.
-QByteArray SpuXmlText(const MenuView& menu, const Settings& settings, std::span<const ButtonRectangle> rectangles,
-                      SpuFile file);
+QByteArray SpuXmlText(const MenuView& menu, std::span<const ButtonRectangle> rectangles, SpuFile file,
+                      LineValues& values);
 
 }  // namespace torvane

@@ -47,8 +47,10 @@ void DrawImages(QImage& visible, const MenuView& menu, PictureLoader& pictures) 
 
 void WriteSpuXml(ComposedMenu& composed, const MenuView& menu, const Settings& settings,
                  const std::vector<ButtonRectangle>& rectangles) {
-  composed.SpuXml = SpuXmlText(menu, settings, rectangles, SpuFile::Frame);
-  if (menu.IsWide(settings)) composed.SpuLXml = SpuXmlText(menu, settings, rectangles, SpuFile::Letterbox);
+  LineValues values(settings);
+  composed.SpuXml = SpuXmlText(menu, rectangles, SpuFile::Frame, values);
+  if (menu.IsWide(settings)) composed.SpuLXml = SpuXmlText(menu, rectangles, SpuFile::Letterbox, values);
+  composed.Refused = values.Refused();
 }
 
 }  // namespace

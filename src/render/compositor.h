@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <vector>
 
+#include "core/finding.h"
 #include "core/menu_view.h"
 #include "core/settings.h"
 #include "platform/result.h"
@@ -22,6 +23,7 @@ struct ComposedMenu {
   QByteArray SpuXml;         ///< for compiling only
   QByteArray SpuLXml;        ///< for compiling a 16:9 menu only
   bool ButtonsValid = true;  ///< no button leaves the frame or comes too near to another
+  QList<Finding> Refused;    ///< values that cannot stand in the control files, which must then not be used
   QStringList Errors;        ///< pictures that could not be loaded, with file and menu; the rest is drawn all the same
 };
 

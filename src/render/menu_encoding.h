@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QImage>
 
+#include "core/line_values.h"
 #include "core/menu_view.h"
-#include "core/settings.h"
 
 namespace torvane {
 
@@ -12,13 +12,13 @@ namespace torvane {
 // begin with the menu's key.
 
 /// "Brun1.bat": encodes the menu's picture.
-QByteArray StillMenuBatch1(const MenuView& menu, const Settings& settings);
+QByteArray StillMenuBatch1(const MenuView& menu, LineValues& values);
 
 /// "Brun2.bat": multiplexes the video, with its audio when it has one, and adds the subpictures.
-QByteArray StillMenuBatch2(const MenuView& menu, const Settings& settings);
+QByteArray StillMenuBatch2(const MenuView& menu, LineValues& values);
 
 /// "EBrun1.bat": makes a menu that nobody sees, for program chains that need one, of "EmptyBackg.jpg".
-QByteArray EmptyMenuBatch(const Settings& settings);
+QByteArray EmptyMenuBatch(LineValues& values);
 
 /// The black picture "EmptyBackg.jpg" of that menu, to be saved with quality 100.
 QImage EmptyMenuPicture(const Settings& settings);

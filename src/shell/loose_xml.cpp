@@ -4,18 +4,12 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include "core/control_elements.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
-
-bool IsControlElement(const QString& name) {
-  static const QSet<QString> kNames{u"dvdauthor"_s, u"vmgm"_s,  u"titleset"_s,   u"menus"_s,       u"titles"_s,
-                                    u"video"_s,     u"audio"_s, u"subpicture"_s, u"stream"_s,      u"pgc"_s,
-                                    u"pre"_s,       u"post"_s,  u"fpc"_s,        u"vob"_s,         u"button"_s,
-                                    u"cell"_s,      u"spu"_s,   u"action"_s,     u"subpictures"_s, u"textsub"_s};
-  return kNames.contains(name);
-}
 
 qsizetype SkipSpace(const QString& text, qsizetype position) {
   while (position < text.size() && text[position].isSpace()) ++position;

@@ -5,6 +5,7 @@
 #include "compilers/scene_time.h"
 #include "compilers/video_batch.h"
 #include "support/golden.h"
+#include "support/harmless_values.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -31,11 +32,11 @@ class AudioTitlesetTest : public testing::Test {
 };
 
 TEST_F(AudioTitlesetTest, TheVideoBatchMakesAFilmOfEachTrack) {
-  ExpectGolden(WriteVideoBatch(project_).batch, u"songs.bat"_s);
+  ExpectGolden(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch, u"songs.bat"_s);
 
   project_.Settings.DefMenuRatio = true;
   project_.Settings.VideoNormPal = false;
-  const QList<QByteArray> encoding = test::LinesWith(WriteVideoBatch(project_).batch, "mpeg2enc");
+  const QList<QByteArray> encoding = test::LinesWith(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch, "mpeg2enc");
   EXPECT_EQ(encoding[2], R"("C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 29.97 -j "C:\T\FPA2#01.png" | )"
                          R"("C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 7000 -a 3 -o "C:\T\TempAudioMpg\FPA2#01.m2v")");
 }

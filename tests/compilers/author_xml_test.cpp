@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/golden.h"
+#include "support/harmless_values.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -19,7 +20,7 @@ class AuthorXmlTest : public testing::Test {
  protected:
   AuthorXmlTest() : project_(test::FixedSettings()) { test::BuildTwoFilms(project_); }
 
-  QByteArray Text() const { return WriteAuthorXmlSingle(project_, AuthorMode::Run); }
+  QByteArray Text() const { return WriteAuthorXmlSingle(project_, AuthorMode::Run, test::Harmless(project_.Settings)); }
 
   Project project_;
 };
@@ -89,7 +90,7 @@ TEST_F(AuthorXmlTest, AnAutoActionButtonIsSelectedAndHasItsFourPseudoButtons) {
 }
 
 TEST_F(AuthorXmlTest, TheSyntaxCheckNamesTestFilesInTheMainMenuOnly) {
-  ExpectGolden(WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck), u"single_syntax_check.xml"_s);
+  ExpectGolden(WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck, test::Harmless(project_.Settings)), u"single_syntax_check.xml"_s);
 }
 
 TEST_F(AuthorXmlTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {

@@ -1,10 +1,10 @@
 #include <QDir>
 #include <QGuiApplication>
 
-#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
 #include "compilers/temporary_names.h"
 #include "compilers/pipeline.h"
+#include "compilers/written_values.h"
 #include "core/project_mutations.h"
 #include "designer/edit_elements.h"
 #include "designer/edit_films.h"
@@ -29,7 +29,7 @@ class CompileMutations : public ProjectMutations {
       return QStringLiteral("no sound file");
     }
     RecordingPrompter prompter;
-    for (const auto check : {CheckIntro, CheckLoopingMenus, CheckSourcesSafe, CheckTemporaryNames, CheckBatchTexts}) {
+    for (const auto check : {CheckIntro, CheckLoopingMenus, CheckSourcesSafe, CheckTemporaryNames, CheckWrittenValues}) {
       check(project, prompter);
     }
     CreateDvdPipeline pipeline(project, prompter);

@@ -1,6 +1,6 @@
-#include "compilers/batch_texts.h"
 #include "compilers/disc_checks.h"
 #include "compilers/temporary_names.h"
+#include "compilers/written_values.h"
 
 #include <gtest/gtest.h>
 
@@ -156,33 +156,25 @@ TEST_F(DiscChecksTest, SourcesThatTheVideoBatchWouldLoseAreRefused) {
   const QStringList lines = prompter.boxes[0].text.split(u"\r\n"_s);
   ASSERT_EQ(lines.size(), 2);
   EXPECT_TRUE(
-      lines[0].startsWith(u"The file " + image + u" is a source of the project and would be overwritten when film 3"));
+      lines[0].startsWith(u"The file " + image + u" is a source of the project and would be overwritten by a temporary"));
   EXPECT_TRUE(lines[1].startsWith(u"The file " + song + u" is a source of the project and lies in a folder"));
 }
 
-TEST_F(DiscChecksTest, TextsThatBreakOutOfABatchLineAreRefused) {
-  struct Case {
-    QString key, caption;
-    bool safe;
-  };
-  const Case cases[] = {
-      {u"FP1"_s, u"Name=It's 100% \u00FCber & out"_s, true},
-      {u"FP1"_s, u"Name=a\" & erase *.*"_s, false},
-      {u"FP1"_s, u"Name=..\\..\\x"_s, false},
-      {u"FP1"_s, u"Name=a\r\nerase *.*"_s, false},
-      {u"FPV1"_s, u"Video=C:\\v & w\\a.m2v"_s, true},
-      {u"FPV1"_s, u"Video=C:\\v\" & erase \"a.m2v"_s, false},
-      {u"FPAD1"_s, u"AudioDelay=-250"_s, true},
-      {u"FPAD1"_s, u"AudioDelay=1 & erase *.*"_s, false},
-  };
-  test::AddNode(project_, u"FP1"_s, u"FPAD1|AudioDelay=0"_s);
-  for (const Case& c : cases) {
-    const QString former = project_.Tree.Find(c.key)->Caption();
-    project_.Tree.SetCaption(c.key, c.caption);
+TEST_F(DiscChecksTest, AFilmNamedLikeAFileOfTheProgramIsRefused) {
+  test::AddNode(project_, u"FP1"_s, u"FP1S1|SubTitel1=C:\\v\\a.srt"_s);
+  const std::pair<QString, bool> names[] = {{u"*"_s, false},        {u"intro"_s, false},   {u"INTRO"_s, false},
+                                            {u"EmptyBackg"_s, false}, {u"MMMenu"_s, false},  {u"mm1backg"_s, false},
+                                            {u"MMBackgN"_s, false},   {u"film1_sub1"_s, false}, {u"Film1"_s, false},
+                                            {u"Author"_s, true},      {u"MM2Menu"_s, true},  {u"Film1_SUB2"_s, true}};
+  test::AddNode(project_, u"MMBG"_s, u"MMBGAudio|Audio=C:\\v\\a.ac3"_s);
+  project_.Settings.UseInsnavForMenus = true;
+  for (const auto& [name, taken] : names) {
+    project_.Tree.SetCaption(u"FP2"_s, u"Name=" + name);
     test::RecordingPrompter prompter;
-    EXPECT_EQ(CheckBatchTexts(project_, prompter), c.safe) << c.caption.toStdString();
-    EXPECT_EQ(prompter.boxes.size(), c.safe ? 0U : 1U);
-    project_.Tree.SetCaption(c.key, former);
+    EXPECT_EQ(CheckWrittenValues(project_, prompter) && CheckTemporaryNames(project_, prompter), taken)
+        << name.toStdString();
+    EXPECT_EQ(prompter.boxes.size(), taken ? 0U : 1U);
+    for (const Box& box : prompter.boxes) EXPECT_TRUE(box.text.contains(name)) << box.text.toStdString();
   }
 }
 

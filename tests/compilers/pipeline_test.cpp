@@ -149,12 +149,36 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
 
 TEST_F(PipelineTest, APaletteThatCannotBeWrittenIsToldAndTheRestIsWritten) {
   test::AddNode(project_, u"FP1"_s, u"FPS1|SubColors=1,2"_s);
-  project_.Tree.SetCaption(u"FP1"_s, u"Name=no\\such"_s);
+  ASSERT_TRUE(HostFiles::MakeDir(u"C:\\T\\Film1.pal"_s));
   ASSERT_TRUE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_EQ(prompter_.boxes[0].kind, BoxKind::Warning);
-  EXPECT_TRUE(prompter_.boxes[0].text.endsWith(u"/T/no/such.pal: No such file or directory   2"))
+  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/T/Film1.pal: "))
       << prompter_.boxes[0].text.toStdString();
+}
+
+TEST_F(PipelineTest, NothingIsWrittenOfAProjectWithAValueThatBreaksOut) {
+  const std::pair<QString, QString> values[] = {
+      {u"FPV1"_s, u"Video=/tmp/a\" & touch x & rem "_s}, {u"FP1"_s, u"Name=..\\x"_s},
+      {u"FPCH1"_s, u"Chapters=0\"/><vob file=\"x"_s},    {u"MMB1Action"_s, u"Action=exit;</button><vob file=\"x|\"/>"_s},
+      {u"MMBGPause"_s, u"Pause=\"><!--"_s},              {u"MM1PPre"_s, u"PreCommand=</pre>"_s}};
+  for (const auto& [key, caption] : values) {
+    SCOPED_TRACE(key.toStdString());
+    if (!project_.Tree.Contains(key)) test::AddNode(project_, u"MMBG"_s, key + u'|');
+    const QString former = project_.Tree.Find(key)->Caption();
+    project_.Tree.SetCaption(key, caption);
+    test::RecordingPrompter prompter;
+    CreateDvdPipeline pipeline(project_, prompter);
+    EXPECT_EQ(pipeline.PrepareCreateDvd(), Readiness::Refused);
+    EXPECT_EQ(pipeline.PrepareCreateBatch(), Readiness::Refused);
+    EXPECT_FALSE(pipeline.BuildSyntaxCheck());
+    EXPECT_FALSE(pipeline.BuildProject(BatchUse::Run));
+    EXPECT_GE(prompter.boxes.size(), 4U);
+    for (const Box& box : prompter.boxes) EXPECT_TRUE(box.text.contains(key)) << box.text.toStdString();
+    project_.Tree.SetCaption(key, former.isEmpty() ? u"Pause=inf"_s : former);
+  }
+  EXPECT_FALSE(HostFiles::FileExists(u"C:\\T\\Author.xml"_s));
+  EXPECT_FALSE(HostFiles::FileExists(u"C:\\T\\author.bat"_s));
 }
 
 TEST_F(PipelineTest, TheSyntaxCheckRunsOneBatch) {

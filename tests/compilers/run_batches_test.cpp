@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/golden.h"
+#include "support/harmless_values.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -16,21 +17,21 @@ using test::WithCrLf;
 
 TEST(RunBatches, AreWrittenWordForWord) {
   Settings settings = test::FixedSettings();
-  EXPECT_EQ(AuthorBatch(settings),
+  EXPECT_EQ(AuthorBatch(test::Harmless(settings)),
             WithCrLf("@echo off\necho.\necho author DVD\n\"C:\\tools\\dvdauthor.exe\" -x \"C:\\T\\Author.xml\"\n"));
   settings.ShortDVDALog = settings.ForceSCR = true;
-  EXPECT_EQ(test::LinesWith(AuthorBatch(settings), "exe").front(),
+  EXPECT_EQ(test::LinesWith(AuthorBatch(test::Harmless(settings)), "exe").front(),
             "\"C:\\tools\\dvdauthor.exe\" -w -r -x \"C:\\T\\Author.xml\"");
-  EXPECT_EQ(SyntaxBatch(settings),
+  EXPECT_EQ(SyntaxBatch(test::Harmless(settings)),
             WithCrLf("@echo off\necho author DVD\n\"C:\\tools\\dvdauthor.exe\" -x \"C:\\T\\Author.xml\"\n"));
-  EXPECT_EQ(EndBatch(), WithCrLf("@echo off\necho.\necho Batchrun finished\necho.\n"));
+  EXPECT_EQ(EndBatch(test::Harmless(settings)), WithCrLf("@echo off\necho.\necho Batchrun finished\necho.\n"));
 }
 
 TEST(RunBatches, TheImageBatchErasesOnlyInARealRun) {
   Settings settings = test::FixedSettings();
   settings.ISO_Name = u"My 100% film"_s;
   EXPECT_EQ(
-      IsoBatch(settings, u"C:\\iso\\My 100% film.ISO"_s, BatchUse::Run),
+      IsoBatch(u"C:\\iso\\My 100% film.ISO"_s, BatchUse::Run, test::Harmless(settings)),
       WithCrLf("@echo off\necho.\necho create ISO image\n\"C:\\tools\\mkisofs.exe\" -dvd-video -V \"My 100%% film\" "
                "-udf -o \"C:\\iso\\My 100%% film.ISO\" \"C:\\O\\DVD\"\n"));
   settings.AutoDelete = true;
@@ -47,15 +48,15 @@ erase "C:\T\*.m2v" /Q
 erase "C:\T\*.mpv" /Q
 )";
   EXPECT_TRUE(
-      IsoBatch(settings, u"C:\\x.ISO"_s, BatchUse::Run)
+      IsoBatch(u"C:\\x.ISO"_s, BatchUse::Run, test::Harmless(settings))
           .startsWith(WithCrLf("@echo off\necho.\necho Delete temp files\n" + erases + "echo create ISO image\n")));
   QByteArray disabled = erases;
   disabled.replace("erase", "REM erase");
-  EXPECT_TRUE(IsoBatch(settings, u"C:\\x.ISO"_s, BatchUse::WriteOnly).contains(WithCrLf(disabled)));
+  EXPECT_TRUE(IsoBatch(u"C:\\x.ISO"_s, BatchUse::WriteOnly, test::Harmless(settings)).contains(WithCrLf(disabled)));
 }
 
 TEST(RunBatches, TheMainBatchLeavesBurningToTheUser) {
-  ExpectGolden(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}),
+  ExpectGolden(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}, test::Harmless({})),
                u"MainBatch.bat"_s);
 }
 

@@ -4,6 +4,7 @@
 
 #include "compilers/subtitle_files.h"
 #include "support/golden.h"
+#include "support/harmless_values.h"
 #include "support/project_builder.h"
 #include "support/text_lines.h"
 
@@ -27,7 +28,7 @@ TEST_F(VideoBatchTest, MultiplexesWhatIsNotMultiplexed) {
   AddNode(project_, u"FP1"_s, u"FP2A1|Audio2=C:\\v\\100% Größe.mp2"_s);
   AddNode(project_, u"FP1"_s, u"FPAD1|AudioDelay=-120"_s);
   project_.Tree.SetCaption(u"FPMux2"_s, u"Mux=0"_s);
-  const VideoBatch video = WriteVideoBatch(project_);
+  const VideoBatch video = WriteVideoBatch(project_, test::Harmless(project_.Settings));
   EXPECT_EQ(video.batch, WithCrLf("@echo off\necho.\necho (shrink and) mux video and audio files\n"
                                   "\"C:\\tools\\mplex.exe\" -M -f 8 -O -120ms -o \"C:\\T\\Film1.mpg\" \"C:\\v\\a.m2v\" "
                                   "\"C:\\v\\a.ac3\" \"C:\\v\\100%% Gr\x94\xE1"
@@ -45,7 +46,7 @@ TEST_F(VideoBatchTest, ShrinksAndAddsSubtitles) {
   project_.Tree.SetCaption(u"FPMux2"_s, u"Mux=0"_s);
   AddNode(project_, u"FP2"_s, u"FPSA2|AddSubStream=2"_s);
   AddNode(project_, u"FP2"_s, u"FP1S2|SubTitel1=C:\\v\\c.srt"_s);
-  const VideoBatch video = WriteVideoBatch(project_);
+  const VideoBatch video = WriteVideoBatch(project_, test::Harmless(project_.Settings));
   ExpectGolden(video.batch, u"shrink_subtitles.bat"_s);
   ASSERT_EQ(video.palettes.size(), 1U);
   EXPECT_EQ(video.palettes[0].path, u"C:\\T\\Film1.pal"_s);
@@ -72,11 +73,11 @@ TEST_F(VideoBatchTest, ShrinkFactorRoundsHalvesUp) {
     project.Tree.SetCaption(u"FPVSize1"_s, u"Size(MB)="_s + c.size);
     AddNode(project, u"FPV1"_s, u"FPVShrinkTo1|ShrinkTo(MB)="_s + c.target);
     EXPECT_EQ(
-        test::LinesWith(WriteVideoBatch(project).batch, "requant"),
+        test::LinesWith(WriteVideoBatch(project, test::Harmless(project.Settings)).batch, "requant"),
         QList<QByteArray>{"\"C:\\tools\\requant.exe\" " + c.factor + " \"C:\\v\\a.m2v\" \"C:\\T\\Film1_req.mpv\""});
   }
   AddNode(project_, u"FPV1"_s, u"FPVShrinkTo1|ShrinkTo(MB)=-1"_s);
-  EXPECT_FALSE(WriteVideoBatch(project_).batch.contains("requant"));
+  EXPECT_FALSE(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch.contains("requant"));
 }
 
 TEST_F(VideoBatchTest, MultiplexesAnIntroThatIsNoProgramStream) {
@@ -84,10 +85,10 @@ TEST_F(VideoBatchTest, MultiplexesAnIntroThatIsNoProgramStream) {
   project_.Settings.IntroMovie = u"C:\\v\\i.m2v"_s;
   project_.Settings.IntroAudio = u"C:\\v\\i.ac3"_s;
   EXPECT_EQ(
-      test::LinesWith(WriteVideoBatch(project_).batch, "intro"),
+      test::LinesWith(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch, "intro"),
       QList<QByteArray>{"\"C:\\tools\\mplex.exe\" -M -f 8 -o \"C:\\T\\intro.mpg\" \"C:\\v\\i.m2v\" \"C:\\v\\i.ac3\""});
   project_.Settings.IntroMovie = u"C:\\v\\i.MPG"_s;
-  EXPECT_FALSE(WriteVideoBatch(project_).batch.contains("intro"));
+  EXPECT_FALSE(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch.contains("intro"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/golden.h"
+#include "support/harmless_values.h"
 #include "support/menu_builder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,7 +13,7 @@ namespace {
 
 QByteArray SpuOf(const Project& project, SpuFile file) {
   const MenuView menu(project.Tree, u"MM"_s);
-  return SpuXmlText(menu, project.Settings, ButtonRectangles(menu, project.Settings), file);
+  return SpuXmlText(menu, ButtonRectangles(menu, project.Settings), file, test::Harmless(project.Settings));
 }
 
 TEST(SpuXml, NamesPicturesButtonsAndAreas) {

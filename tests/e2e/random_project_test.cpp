@@ -13,6 +13,7 @@
 #include "designer/element_nodes.h"
 #include "designer/spu_xml.h"
 #include "shell/control_file.h"
+#include "support/harmless_values.h"
 #include "support/random_user.h"
 #include "workshop.h"
 
@@ -81,12 +82,12 @@ TEST(RandomProjectTest, CompilesAndIsUnderstood) {
     for (const QString& key : DiscMenuKeys(project)) {
       const MenuView menu(project.Tree, key);
       const std::vector<ButtonRectangle> rectangles = ButtonRectangles(menu, project.Settings);
-      spuButtons.insert(ButtonsOf(SpuXmlText(menu, project.Settings, rectangles, SpuFile::Frame)));
+      spuButtons.insert(ButtonsOf(SpuXmlText(menu, rectangles, SpuFile::Frame, Harmless(project.Settings))));
     }
-    const QByteArray author = project.Settings.NoTitleSets ? WriteAuthorXmlSingle(project, AuthorMode::Run)
-                                                           : WriteAuthorXmlTitlesets(project, AuthorMode::Run);
+    const QByteArray author = project.Settings.NoTitleSets ? WriteAuthorXmlSingle(project, AuthorMode::Run, Harmless(project.Settings))
+                                                           : WriteAuthorXmlTitlesets(project, AuthorMode::Run, Harmless(project.Settings));
     EXPECT_EQ(ButtonsOf(author), spuButtons);
-    for (const QByteArray& line : WriteVideoBatch(project).batch.split('\n')) {
+    for (const QByteArray& line : WriteVideoBatch(project, Harmless(project.Settings)).batch.split('\n')) {
       EXPECT_EQ(line.count('"') % 2, 0) << line.toStdString();
     }
     if (project.FilmCount == 0 || checked == kChecked) continue;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/golden.h"
+#include "support/harmless_values.h"
 #include "support/menu_builder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,8 +22,8 @@ class MenuEncoding : public testing::Test {
 };
 
 TEST_F(MenuEncoding, EncodesStillMenus) {
-  test::ExpectGolden(StillMenuBatch1(Menu(), project_.Settings), u"still_menu_1.bat"_s);
-  test::ExpectGolden(StillMenuBatch2(Menu(), project_.Settings), u"still_menu_2.bat"_s);
+  test::ExpectGolden(StillMenuBatch1(Menu(), test::Harmless(project_.Settings)), u"still_menu_1.bat"_s);
+  test::ExpectGolden(StillMenuBatch2(Menu(), test::Harmless(project_.Settings)), u"still_menu_2.bat"_s);
 
   // A wide NTSC menu with values of its own, and names that no batch takes as they are.
   project_.Settings.VideoNormPal = false;
@@ -33,8 +34,8 @@ TEST_F(MenuEncoding, EncodesStillMenus) {
   AddBackground(u"MMBGQuality|Quality=4"_s);
   AddBackground(u"MMBGBitrate|Bitrate= 5000"_s);
   AddBackground(u"MMBGAudio|Audio=C:\\sound\\Я 5%.ac3"_s);
-  test::ExpectGolden(StillMenuBatch1(Menu(), project_.Settings), u"wide_menu_1.bat"_s);
-  test::ExpectGolden(StillMenuBatch2(Menu(), project_.Settings), u"wide_menu_2.bat"_s);
+  test::ExpectGolden(StillMenuBatch1(Menu(), test::Harmless(project_.Settings)), u"wide_menu_1.bat"_s);
+  test::ExpectGolden(StillMenuBatch2(Menu(), test::Harmless(project_.Settings)), u"wide_menu_2.bat"_s);
 }
 
 TEST_F(MenuEncoding, CountsFramesOfAMenuInFullLength) {
@@ -70,7 +71,7 @@ TEST_F(MenuEncoding, InsertsNavigationIntoASingleStillFrameWithAudio) {
       R"("C:\tools\insnav.exe" -o "C:\T\MMBackg.mpg" "C:\T\MMBackgN.mpg")", R"(erase "C:\T\MMBackgN.mpg")"};
   AddBackground(u"MMBGAudio|Audio=C:\\a.mp2"_s);
   const auto muxLines = [&] {
-    const QList<QByteArray> lines = StillMenuBatch2(Menu(), project_.Settings).split('\n');
+    const QList<QByteArray> lines = StillMenuBatch2(Menu(), test::Harmless(project_.Settings)).split('\n');
     QList<QByteArray> middle;
     for (const QByteArray& line : lines.sliced(2, lines.size() - 5)) middle << line.trimmed();
     return middle;
@@ -90,11 +91,11 @@ TEST_F(MenuEncoding, InsertsNavigationIntoASingleStillFrameWithAudio) {
 }
 
 TEST_F(MenuEncoding, MakesTheEmptyMenu) {
-  test::ExpectGolden(EmptyMenuBatch(project_.Settings), u"empty_menu.bat"_s);
+  test::ExpectGolden(EmptyMenuBatch(test::Harmless(project_.Settings)), u"empty_menu.bat"_s);
   EXPECT_EQ(EmptyMenuPicture(project_.Settings).size(), QSize(720, 576));
   project_.Settings.DefMenuRatio = true;
   project_.Settings.VideoNormPal = false;
-  test::ExpectGolden(EmptyMenuBatch(project_.Settings), u"empty_wide_menu.bat"_s);
+  test::ExpectGolden(EmptyMenuBatch(test::Harmless(project_.Settings)), u"empty_wide_menu.bat"_s);
   EXPECT_EQ(EmptyMenuPicture(project_.Settings).size(), QSize(720, 480));
 }
 
