@@ -32,8 +32,9 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli compose holiday.tvn MM -o /tmp/pictures", 2, 2, u"-o --mode"},
     {u"run", u"BATCH...", u"Runs batch files of the temporary directory.",
      u"torvane-cli --set TempDir=/tmp/batches run batchrun0.bat author.bat", 1, -1},
-    {u"settings", u"list | get KEY | set KEY=VALUE...",
-     u"Shows the stored settings, with the defaults of those not stored, or stores values.",
+    {u"settings", u"[project P.tvn] list | get KEY | set KEY=VALUE...",
+     u"Shows the stored settings, with the defaults of those not stored, or stores values; with a project shows or "
+     u"changes those that it carries.",
      u"torvane-cli settings set VideoNormPal=0 OutDir=/home/me/disc", 1, -1},
     {u"preset", u"save|load FILE.tvp", u"Saves the look of menus and elements as a preset, or stores that of one.",
      u"torvane-cli preset load blue.tvp", 2, 2},
@@ -41,7 +42,7 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli analyse holiday.m2v holiday.ac3", 1, -1},
     {u"chapters", u"FILE --fps F [--duration S] [--frames yes|no]",
      u"Reads a text file of chapter marks and prints the chapter list; --frames tells whether fractions are frames.",
-     u"torvane-cli chapters holiday.txt --fps 25 --duration 3600", 1, 1},
+     u"torvane-cli chapters holiday.txt --fps 25 --duration 3600", 1, 1, u"--fps --duration --frames"},
     {u"palette", u"FILE", u"Reads a subtitle palette (ifo, pal, rgb, sst): prints the packed colours, then each as R, G, B.",
      u"torvane-cli palette VTS_01_0.IFO", 1, 1},
     {u"recover", u"list | save JOURNAL OUT.tvn | discard JOURNAL",
@@ -148,7 +149,18 @@ class Parser {
     } else if (name == u"--assume") {
       return Choice(name, value, {{u"yes", AnswerPolicy::Yes}, {u"no", AnswerPolicy::No}, {u"default", AnswerPolicy::Default}},
                     line_.answers);
-    } else if (name == u"-o") {
+    } else if (IsOwnOption(name)) {
+      line_.options[name] << value;
+      return OwnValue(name, value);
+    } else {
+      return Failure{u"There is no option %1."_s.arg(name)};
+    }
+    return {};
+  }
+
+  /// What is known of the values of an option whatever the command does with it.
+  Status OwnValue(const QString& name, const QString& value) {
+    if (name == u"-o") {
       line_.output = value;
     } else if (name == u"--mode") {
       return Choice(name, value, {{u"0", 0}, {u"1", 1}, {u"2", 2}}, line_.mode);
@@ -162,10 +174,6 @@ class Parser {
       bool isNumber = false;
       line_.duration = value.toDouble(&isNumber);
       if (!isNumber || !(*line_.duration >= 0)) return Failure{u"--duration takes seconds, not \"%1\"."_s.arg(value)};
-    } else if (IsOwnOption(name)) {
-      line_.options[name] << value;
-    } else {
-      return Failure{u"There is no option %1."_s.arg(name)};
     }
     return {};
   }

@@ -17,6 +17,7 @@
 #include "core/default_project.h"
 #include "core/program.h"
 #include "core/project_file.h"
+#include "core/project_settings.h"
 #include "core/settings_defaults.h"
 #include "core/settings_project.h"
 #include "platform/host_files.h"
@@ -31,13 +32,16 @@ namespace {
 /// One command at work: the settings in force and how the user is told.
 class Session {
  public:
-  Session(const CommandLine& line, const Settings& settings, Prompter& prompter)
-      : line_(line), prompter_(prompter), project_(settings) {}
+  Session(const CommandLine& line, const Settings& settings, GivenSettings given, Prompter& prompter)
+      : line_(line), prompter_(prompter), project_(settings, std::move(given)) {}
 
   int Run() {
     if (line_.command == u"new") return New();
     if (line_.command == u"run") return RunBatches({.BatchList = line_.arguments});
-    if (!LoadProject(project_, HostFiles::FromUser(line_.arguments.front()), prompter_)) return kExitFailed;
+    const bool ofSettings = line_.command == u"settings";
+    const QString& file = line_.arguments[ofSettings ? 1 : 0];
+    if (!LoadProject(project_, HostFiles::FromUser(file), prompter_)) return kExitFailed;
+    if (ofSettings) return RunProjectSettingsCommand(line_, project_, prompter_);
     if (IsEditCommand()) return EditProject();
     if (line_.command == u"tree") return Tree();
     if (line_.command == u"info") return Info();
@@ -55,8 +59,8 @@ class Session {
   }
 
   int Save(const QString& name) {
-    project_.ProjectFile = WithProjectExtension(HostFiles::FromUser(name));
-    return SaveProject(project_, prompter_) ? kExitDone : kExitFailed;
+    const QString path = WithProjectExtension(HostFiles::FromUser(name));
+    return SaveProjectAs(project_, path, prompter_) ? kExitDone : kExitFailed;
   }
 
   int Tree() {
@@ -177,6 +181,23 @@ Result<QList<SettingOverride>> Overrides(const CommandLine& line) {
   return overrides;
 }
 
+/// Says nothing: for work that is done a second time.
+class SilentPrompter : public Prompter {
+ public:
+  Answer Show(const Box& box) override { return box.preselected; }
+};
+
+/// The settings given for this run that projects carry, and what would be in force without them.
+GivenSettings Given(const StartOptions& start) {
+  GivenSettings given = GivenForProjects(start.overrides);
+  if (given.texts.isEmpty()) return given;
+  StartOptions without = start;
+  without.overrides.removeIf([&given](const SettingOverride& each) { return given.texts.contains(each.key); });
+  SilentPrompter silent;
+  given.without = LoadSettings(without, silent);
+  return given;
+}
+
 int FailUsage(const QString& reason) {
   PrintError(u"torvane-cli: "_s + reason + u"\nTry: torvane-cli --help\n"_s);
   return kExitUsage;
@@ -188,13 +209,14 @@ int RunCommand(const CommandLine& line) {
   const Result<QList<SettingOverride>> overrides = Overrides(line);
   if (!overrides) return FailUsage(overrides.Error());
   CliPrompter prompter(line.answers);
-  if (line.command == u"settings") return RunSettingsCommand(line, prompter);
-  const Settings settings =
-      LoadSettings({.profileDir = line.profileDir, .overrides = *overrides, .appPath = ProgramDir()}, prompter);
+  const bool ofProject = line.command == u"settings" && line.arguments.front() == u"project";
+  if (line.command == u"settings" && !ofProject) return RunSettingsCommand(line, prompter);
+  const StartOptions start{.profileDir = line.profileDir, .overrides = *overrides, .appPath = ProgramDir()};
+  const Settings settings = LoadSettings(start, prompter);
   if (line.command == u"preset") return RunPresetCommand(line, settings, prompter);
   if (line.command == u"recover") return RunRecoverCommand(line, settings, prompter);
   if (IsMediaCommand(line.command)) return RunMediaCommand(line, prompter);
-  return Session(line, settings, prompter).Run();
+  return Session(line, settings, Given(start), prompter).Run();
 }
 
 int RunCli(const QStringList& arguments) {

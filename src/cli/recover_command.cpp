@@ -33,8 +33,8 @@ bool Save(LeftJournal& journal, const QString& name, const Settings& settings, P
     prompter.Fail(replay.Error());
     return false;
   }
-  project.ProjectFile = WithProjectExtension(HostFiles::FromUser(name));
-  if (!SaveProject(project, prompter)) return false;
+  project.ProjectNamed = false;  // whatever file there is, it is not the recovered work
+  if (!SaveProjectAs(project, WithProjectExtension(HostFiles::FromUser(name)), prompter)) return false;
   if (replay->lostBytes > 0) prompter.Warn(u"The end of the journal is damaged; what was changed last may be missing."_s);
   return true;
 }

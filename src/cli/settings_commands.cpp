@@ -2,11 +2,13 @@
 
 #include "cli/cli_prompter.h"
 #include "cli/commands.h"
-#include "core/messages.h"
+#include "core/overwrite.h"
 #include "core/preset_file.h"
+#include "core/project_difference.h"
+#include "core/project_file.h"
+#include "core/project_settings.h"
 #include "core/settings_store.h"
 #include "core/settings_table.h"
-#include "core/text.h"
 #include "platform/host_files.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -14,59 +16,45 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-constexpr int kHighestByte = 255;
-
-Status CheckValue(const SettingRow& row, const QString& value) {
-  const bool isNumber = std::holds_alternative<int Settings::*>(row.member);
-  const bool isFlag = std::holds_alternative<bool Settings::*>(row.member);
-  if (!isNumber && !isFlag) return {};
-  bool ok = false;
-  const int number = value.trimmed().toInt(&ok);
-  if (isFlag || row.kind == SettingKind::Switch) {
-    if (ok && (number == 0 || number == 1)) return {};
-    return Failure{u"%1 takes 0 or 1, not \"%2\"."_s.arg(row.key, value)};
-  }
-  if (!ok) return Failure{u"%1 takes a whole number, not \"%2\"."_s.arg(row.key, value)};
-  if (row.kind == SettingKind::Byte && (number < 0 || number > kHighestByte)) {
-    return Failure{u"%1 takes a number from 0 to 255, not %2."_s.arg(row.key, value)};
-  }
-  if (row.key == u"LangID" && number != kEnglish && number != kGerman) {
-    return Failure{u"LangID takes 1000 (English) or 2000 (German), not %1."_s.arg(value)};
-  }
-  return {};
-}
-
-Status CheckAssignment(const QString& text) {
-  const Result<SettingOverride> setting = ParseSettingOverride(text);
-  if (!setting) return Failure{setting.Error()};
-  return CheckValue(*FindSetting(setting->key), setting->value);
-}
-
 QString StoredText(const SettingTexts& stored, const SettingRow& row) {
   const auto found = stored.constFind(row.key.toString());
   return found == stored.constEnd() ? SettingText({}, row) : *found;
 }
 
+/// A setting as a line that can be given back with --settings, below what it means.
+QString ListLines(const SettingRow& row, QString value) {
+  value.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
+  return u"# "_s + row.meaning + u'\n' + row.key + u'=' + value + u'\n';
+}
+
 QString ListText(const SettingTexts& stored) {
   QString text;
   for (const SettingRow& row : SettingsTable()) {
-    if (row.key.isEmpty()) continue;
-    // A line for each setting, so that the list can be given back with --settings.
-    QString value = StoredText(stored, row);
-    value.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
-    text += row.key + u'=' + value + u'\n';
+    if (!row.key.isEmpty()) text += ListLines(row, StoredText(stored, row));
   }
   return text;
 }
 
-SettingTexts Assignments(const QStringList& arguments) {
-  SettingTexts texts;
-  for (const QString& argument : arguments) {
-    const Result<SettingOverride> setting = ParseSettingOverride(argument);
-    if (!setting) continue;
-    const bool isPath = FindSetting(setting->key)->kind == SettingKind::Path && !setting->value.isEmpty();
-    texts.insert(setting->key, isPath ? HostFiles::FromUser(setting->value) : setting->value);
+QString ProjectListText(const Settings& carried) {
+  QString text;
+  for (const SettingRow& row : SettingsTable()) {
+    if (!row.key.isEmpty() && BelongsToProject(row)) text += ListLines(row, SettingText(carried, row));
   }
+  return text;
+}
+
+/// The changes of "set"; they have been checked.
+QList<SettingOverride> Assignments(const QStringList& arguments) {
+  QList<SettingOverride> changes;
+  for (const QString& argument : arguments) {
+    if (const Result<SettingOverride> setting = ParseSettingOverride(argument)) changes << *setting;
+  }
+  return changes;
+}
+
+SettingTexts Texts(const QList<SettingOverride>& changes) {
+  SettingTexts texts;
+  for (const auto& [key, value] : changes) texts.insert(key, SettingTextOf(*FindSetting(key), value));
   return texts;
 }
 
@@ -78,16 +66,24 @@ int ExitOf(const Status& status, Prompter& prompter) {
 }  // namespace
 
 Status CheckSettingsArguments(const QStringList& arguments) {
-  const QString& action = arguments.front();
-  if (action == u"list" && arguments.size() == 1) return {};
-  if (action == u"get" && arguments.size() == 2) return CheckSettingKey(arguments[1]);
-  if (action == u"set" && arguments.size() > 1) {
-    for (const QString& argument : arguments.sliced(1)) {
-      if (const Status sound = CheckAssignment(argument); !sound) return sound;
+  const bool ofProject = arguments.front() == u"project" && arguments.size() > 2;
+  const QStringList words = ofProject ? arguments.sliced(2) : arguments;
+  const QString& action = words.front();
+  if (action == u"list" && words.size() == 1) return {};
+  if (action == u"get" && words.size() == 2) {
+    return ofProject ? CheckProjectSetting(words[1]) : CheckSettingKey(words[1]);
+  }
+  if (action == u"set" && words.size() > 1) {
+    for (const QString& word : words.sliced(1)) {
+      const Result<SettingOverride> setting = ParseSettingOverride(word);
+      if (!setting) return Failure{setting.Error()};
+      const Status carried = ofProject ? CheckProjectSetting(setting->key) : Status();
+      if (!carried) return carried;
     }
     return {};
   }
-  return Failure{u"The command is: settings list, settings get KEY, or settings set KEY=VALUE..."_s};
+  return Failure{u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn "
+                 u"in front for what a project carries)"_s};
 }
 
 Status CheckPresetArguments(const QStringList& arguments) {
@@ -97,7 +93,7 @@ Status CheckPresetArguments(const QStringList& arguments) {
 
 int RunSettingsCommand(const CommandLine& line, Prompter& prompter) {
   const SettingsStore store(line.profileDir);
-  if (line.arguments.front() == u"set") return ExitOf(store.Write(Assignments(line.arguments.sliced(1))), prompter);
+  if (line.arguments.front() == u"set") return ExitOf(store.Write(Texts(Assignments(line.arguments.sliced(1)))), prompter);
   const Result<SettingTexts> stored = store.Read();
   if (!stored) return ExitOf(Failure{stored.Error()}, prompter);
   if (line.arguments.front() == u"list") {
@@ -108,9 +104,28 @@ int RunSettingsCommand(const CommandLine& line, Prompter& prompter) {
   return kExitDone;
 }
 
+int RunProjectSettingsCommand(const CommandLine& line, Project& project, Prompter& prompter) {
+  const QString& action = line.arguments[2];
+  const Settings carried = CarriedSettings(project);
+  if (action == u"list") {
+    PrintOut(ProjectListText(carried));
+    return kExitDone;
+  }
+  if (action == u"get") {
+    PrintOut(SettingText(carried, *FindSetting(line.arguments.back())) + u'\n');
+    return kExitDone;
+  }
+  const Status changed = SetProjectSettings(project, Assignments(line.arguments.sliced(3)));
+  if (!changed) return ExitOf(changed, prompter);
+  return SaveProject(project, prompter) ? kExitDone : kExitFailed;
+}
+
 int RunPresetCommand(const CommandLine& line, const Settings& settings, Prompter& prompter) {
   const QString file = HostFiles::FromUser(line.arguments.back());
-  if (line.arguments.front() == u"save") return ExitOf(SavePreset(WithPresetExtension(file), settings), prompter);
+  if (line.arguments.front() == u"save") {
+    const QString preset = WithPresetExtension(file);
+    return MayWriteFile(preset, {}, prompter) ? ExitOf(SavePreset(preset, settings), prompter) : kExitFailed;
+  }
 
   const Result<SettingTexts> preset = LoadPreset(file);
   if (!preset) return ExitOf(Failure{preset.Error()}, prompter);

@@ -128,6 +128,31 @@ void AddIntro(Project& project) {
 
 }  // namespace
 
+void WriteIntro(Project& project) {
+  const Settings& settings = project.Settings;
+  ProjectTree& tree = project.Tree;
+  const QString intro = kIntroKey.toString();
+  if (!settings.UseIntro) {
+    if (tree.Contains(intro)) tree.Remove(intro);
+    return;
+  }
+  if (!tree.Contains(intro)) tree.Add({intro, u"Intro"_s}, kTotalSizeKey.toString(), Relation::Next);
+  const auto write = [&tree, &intro](const QString& key, const QString& caption) {
+    if (tree.Contains(key)) {
+      tree.SetCaption(key, caption);
+    } else {
+      tree.Add({key, caption}, intro, Relation::Child);
+    }
+  };
+  write(kIntroFileKey.toString(), settings.IntroMovie);
+  const QString audio = kIntroAudioKey.toString();
+  if (!settings.IntroAudio.isEmpty() && !settings.IntroMovie.endsWith(u".mpg", Qt::CaseInsensitive)) {
+    write(audio, settings.IntroAudio);
+  } else if (tree.Contains(audio)) {
+    tree.Remove(audio);
+  }
+}
+
 QString TransparencyText(int opacity) {
   return QString::number(static_cast<int>(std::floor((255 - opacity) / 2.55))) + u'%';
 }

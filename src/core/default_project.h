@@ -29,6 +29,9 @@ void AddMenuSubtree(Project& project, const NewMenu& menu);
 /// Resets the project and builds the default one: total size, intro when one is used, the main menu.
 void AddDefaultProject(Project& project);
 
+/// Brings the nodes of the intro in line with the settings: made, changed or removed.
+void WriteIntro(Project& project);
+
 /// Transparency in percent of an opacity byte (0 to 255), as a caption holds it: "41%" for 150.
 QString TransparencyText(int opacity);
 

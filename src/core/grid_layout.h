@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace torvane {
 
@@ -18,6 +19,10 @@ struct GridLayoutRecord {
 
 /// Reads "R10C1PX100PY100DX300DY64". A number that is missing is 0.
 GridLayoutRecord ParseGridLayout(const QString& text);
+
+/// What is wrong with such a text as a grid of menus of the given height, a sentence for each number; nothing for a
+/// sound one. Messages 469, 470, 520 and 521.
+QStringList GridLayoutFaults(const QString& text, int menuHeight);
 
 QString FormatGridLayout(const GridLayoutRecord& grid);
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/edit.h"
+#include "core/project_settings.h"
 #include "core/settings_table.h"
 #include "core/tree_places.h"
 
@@ -205,8 +206,9 @@ void JournalBlock::AddWhole(const Project& project) {
   writer.State(project);
   writer.FilledSlots(Record::MainSlot, project.MainSubMenuTable);
   writer.FilledSlots(Record::TitleSetSlot, project.SubMenuTable);
+  const Settings carried = CarriedSettings(project);
   for (const SettingRow& row : SettingsTable()) {
-    if (BelongsToProject(row)) writer.Setting(row, SettingText(project.Settings, row));
+    if (BelongsToProject(row)) writer.Setting(row, SettingText(carried, row));
   }
   for (const ProjectNode* node = project.Tree.FirstRoot(); node; node = project.Tree.NextInOrder(node)) {
     writer.Node(*node);

@@ -1,5 +1,7 @@
 #include "core/menu_view.h"
 
+#include <algorithm>
+
 #include "core/text.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -165,6 +167,13 @@ MenuAspect MenuView::Aspect() const {
   const std::optional<QString> aspect = NodeView(Tree(), owner).Text(menu_node::BackgroundAspect);
   if (!aspect) return MenuAspect::ProjectDefault;
   return Val(*aspect) == 1 ? MenuAspect::Wide16x9 : MenuAspect::Standard4x3;
+}
+
+QSize MenuView::Raster() const {
+  constexpr int kRaster = 16;
+  constexpr int kLeast = 2;
+  return {std::max(Integer(menu_node::BackgroundRasterX, kRaster), kLeast),
+          std::max(Integer(menu_node::BackgroundRasterY, kRaster), kLeast)};
 }
 
 bool MenuView::IsWide(const Settings& settings) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 #include <optional>
 #include <vector>
@@ -165,6 +166,9 @@ class MenuView : public NodeView {
   QString Pause() const;
   /// "SubMenu" when there is none.
   QString Type() const { return Text(menu_node::Type).value_or(QStringLiteral("SubMenu")); }
+
+  /// Steps of the menu's own raster in pixels, each at least 2; 16 where it has none.
+  QSize Raster() const;
 
   MenuAspect Aspect() const;
   /// True when the menu is shown in 16:9.

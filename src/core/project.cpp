@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/menu_view.h"
 #include "core/text.h"
 #include "platform/host_files.h"
 
@@ -24,6 +25,7 @@ qint64 UsedSlots(const Table& table) {
 
 void Project::Reset() {
   Settings = UserSettings;
+  LoadedSettings.reset();
   Tree.Clear();
   static_cast<ProjectState&>(*this) = {};
   ProjectNamed = false;
@@ -32,6 +34,12 @@ void Project::Reset() {
   MainSubMenuTable.fill({});
   SubMenuTable.fill({});
   History.Reset();
+}
+
+void TakeMenuRaster(Project& project, const QString& menu) {
+  const QSize raster = MenuView(project.Tree, menu).Raster();
+  project.Settings.ActiveRasterX = raster.width();
+  project.Settings.ActiveRasterY = raster.height();
 }
 
 void CalculateTotalSize(Project& project) {

@@ -2,6 +2,8 @@
 
 #include <QString>
 #include <array>
+#include <optional>
+#include <utility>
 
 #include "core/history.h"
 #include "core/keys.h"
@@ -37,11 +39,22 @@ struct ProjectState {
   bool operator==(const ProjectState&) const = default;
 };
 
+/// Settings that were given for this run of the program and that projects carry as well. They win over a project's own,
+/// and a save keeps the project's own.
+struct GivenSettings {
+  SettingTexts texts = {};        ///< by key
+  torvane::Settings without = {};  ///< the user's settings as they are without them
+};
+
 /// An open project: the tree, the settings in force for it and the state beside the tree. All of it is changed within
 /// an `Edit` (core/edit.h) only, but for the building of another project, which `History.Reset()` ends.
 struct Project : ProjectState {
-  explicit Project(const torvane::Settings& userSettings)
-      : UserSettings(userSettings), Settings(userSettings), ProjectFile(DefaultFile(userSettings)), History(*this) {}
+  explicit Project(const torvane::Settings& userSettings, GivenSettings given = {})
+      : UserSettings(userSettings),
+        Settings(userSettings),
+        Given(std::move(given)),
+        ProjectFile(DefaultFile(userSettings)),
+        History(*this) {}
 
   /// Empties the tree and resets the state; the settings become the user's again.
   void Reset();
@@ -54,6 +67,13 @@ struct Project : ProjectState {
 
   torvane::Settings UserSettings;  ///< as the program started with them
   torvane::Settings Settings;      ///< the same, where the project file does not say otherwise
+  GivenSettings Given;             ///< win over the project file
+  /// Of a project that was loaded under given settings: its own ones, and those in force when it was loaded.
+  struct Loaded {
+    torvane::Settings own;
+    torvane::Settings inForce;
+  };
+  std::optional<Loaded> LoadedSettings = {};
   ProjectTree Tree;
 
   bool ProjectNamed = false;
@@ -65,6 +85,9 @@ struct Project : ProjectState {
 
   torvane::History History;
 };
+
+/// The menu's own raster becomes the one in use.
+void TakeMenuRaster(Project& project, const QString& menu);
 
 /// Recomputes the total size of the project in megabytes from its films, its intro and an allowance for its menus, and
 /// puts it into the node "TS". Nothing happens when there is no such node.

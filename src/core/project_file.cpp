@@ -4,6 +4,8 @@
 #include <QXmlStreamWriter>
 
 #include "core/messages.h"
+#include "core/overwrite.h"
+#include "core/project_settings.h"
 #include "core/project_xml.h"
 #include "core/resource_paths.h"
 #include "core/settings_project.h"
@@ -136,6 +138,23 @@ void TellMissingFiles(const QStringList& missing, Prompter& prompter) {
   prompter.Warn(lines.join(u"\r\n"));
 }
 
+bool Write(Project& project, const QString& path, Prompter& prompter) {
+  const Result<QByteArray> text = ProjectFileText(project);
+  if (!text) {
+    prompter.Fail(text.Error());
+    return false;
+  }
+  const Status written = HostFiles::WriteAtomically(path, *text);
+  if (!written) {
+    prompter.Fail(GetMessage(157) + u"\r\n" + written.Error());
+    return false;
+  }
+  project.ProjectFile = path;
+  project.ProjectNamed = true;
+  project.History.MarkSaved();
+  return true;
+}
+
 }  // namespace
 
 QString WithProjectExtension(const QString& path) {
@@ -153,7 +172,7 @@ Result<QByteArray> ProjectFileText(const Project& project) {
   writer.setAutoFormatting(true);
   writer.setAutoFormattingIndent(kIndent);
   writer.writeStartElement("NODES"_L1);
-  for (const ProjectElement& element : ProjectAttributes(project.Settings)) {
+  for (const ProjectElement& element : ProjectAttributes(CarriedSettings(project))) {
     writer.writeEmptyElement(element.name);
     for (const auto& [name, value] : element.attributes) writer.writeAttribute(name, value);
   }
@@ -164,18 +183,12 @@ Result<QByteArray> ProjectFileText(const Project& project) {
 }
 
 bool SaveProject(Project& project, Prompter& prompter) {
-  const Result<QByteArray> text = ProjectFileText(project);
-  if (!text) {
-    prompter.Fail(text.Error());
-    return false;
-  }
-  const Status written = HostFiles::WriteAtomically(project.ProjectFile, *text);
-  if (!written) {
-    prompter.Fail(GetMessage(157) + u"\r\n" + written.Error());
-    return false;
-  }
-  project.History.MarkSaved();
-  return true;
+  return Write(project, project.ProjectFile, prompter);
+}
+
+bool SaveProjectAs(Project& project, const QString& path, Prompter& prompter) {
+  const QString own = project.ProjectNamed ? project.ProjectFile : QString();
+  return MayWriteFile(path, own, prompter) && Write(project, path, prompter);
 }
 
 bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
@@ -202,15 +215,21 @@ bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
   project.Reset();
   project.ProjectFile = path;
   const QString projectDir = path.left(path.lastIndexOf(u'\\'));
+  if (!project.Given.texts.isEmpty()) project.Settings = project.Given.without;
   ReadProjectSettings(xml->elements, float(*version) / 1000.0F, projectDir, project.Settings);
+  const Settings own = project.Settings;
+  TakeGivenSettings(project);
   FillTree(project.Tree, *xml);
   NormalizeResourcePaths(project.Tree, projectDir);
   const QStringList missing = FixResourcePaths(project, projectDir);
   ReadIntro(project);
+  TakeGivenSettings(project);  // the intro's among them
+  if (!project.Given.texts.isEmpty()) project.LoadedSettings = {own, project.Settings};
   CountFilms(project);
   ReadMenuTable(project.Tree, project.SubMenuTable, SubMenuKey);
   ReadMenuTable(project.Tree, project.MainSubMenuTable, MainSubMenuKey);
   TellMissingFiles(missing, prompter);
+  TakeMenuRaster(project, project.CurrentMenuKey);
   CalculateTotalSize(project);
   project.ProjectNamed = true;
   project.History.Reset();

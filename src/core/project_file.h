@@ -17,6 +17,10 @@ Result<QByteArray> ProjectFileText(const Project& project);
 /// project stays unsaved.
 bool SaveProject(Project& project, Prompter& prompter);
 
+/// Writes the project to another file, which then is its `ProjectFile`. Where a file stands there already, unless the
+/// project was loaded from it, the user is asked first. When nothing is written the project keeps the file it had.
+bool SaveProjectAs(Project& project, const QString& path, Prompter& prompter);
+
 /// Replaces the project by that of a file, with the checks of version and form, and the search for files that moved.
 /// What fails is shown; the project is then left as it was. Files that are missing are listed in one box (message
 /// 154), and the project opens all the same.

@@ -82,8 +82,7 @@ class Start {
     }
     for (const SettingOverride& given : options_.overrides) {
       const SettingRow* row = FindSetting(given.key);
-      const bool isPath = row && row->kind == SettingKind::Path;
-      texts_.insert(given.key, isPath ? HostFiles::FromUser(given.value) : given.value);
+      texts_.insert(given.key, row ? SettingTextOf(*row, given.value) : given.value);
     }
     if (Given(u"TempDir"_s) && !Given(u"TempOutDir"_s)) texts_.insert(u"TempOutDir"_s, u"0"_s);
   }

@@ -2,7 +2,8 @@
 
 #include <QStringDecoder>
 
-#include "core/settings_table.h"
+#include "core/settings_check.h"
+#include "platform/host_files.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,7 +24,14 @@ Result<SettingOverride> ParseSettingOverride(const QString& text) {
   if (equals < 0) return Failure{u"\"%1\" is not of the form KEY=VALUE"_s.arg(text)};
   SettingOverride setting{.key = text.first(equals), .value = text.sliced(equals + 1)};
   if (const Status known = CheckSettingKey(setting.key); !known) return Failure{known.Error()};
+  if (const Status sound = CheckSettingText(*FindSetting(setting.key), setting.value); !sound) {
+    return Failure{sound.Error()};
+  }
   return setting;
+}
+
+QString SettingTextOf(const SettingRow& row, const QString& typed) {
+  return row.kind == SettingKind::Path && !typed.isEmpty() ? HostFiles::FromUser(typed) : typed;
 }
 
 Result<QList<SettingOverride>> ParseSettingsFile(const QByteArray& content, const QString& fileName) {

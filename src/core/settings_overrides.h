@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+#include "core/settings_table.h"
 #include "platform/result.h"
 
 namespace torvane {
@@ -18,8 +19,12 @@ struct SettingOverride {
 /// Fails for a key that no setting has, which is matched exactly; names the key that differs in case only.
 Status CheckSettingKey(const QString& key);
 
-/// Reads "KEY=VALUE". The value is all behind the first "=", blanks included.
+/// Reads "KEY=VALUE". The value is all behind the first "=", blanks included. Fails as well for a value that is none of
+/// the setting's.
 Result<SettingOverride> ParseSettingOverride(const QString& text);
+
+/// A value as the setting holds it: a path that a user typed, which may be a host path, is a DOS path.
+QString SettingTextOf(const SettingRow& row, const QString& typed);
 
 /// Reads a settings file: UTF-8 text with a KEY=VALUE in each line; blank lines and lines that start with "#" say
 /// nothing. Lines may end in CR LF. Fails at the first line that is no setting, with `fileName` and the line's number.

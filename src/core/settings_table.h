@@ -39,6 +39,25 @@ struct PresetPlace {
   QStringView otherKey = {};  ///< a second name that is read where the first is missing; "" for none
 };
 
+/// What the text of a setting must look like beyond its kind.
+enum class SettingForm {
+  Any,
+  NotEmpty,
+  Choice,          ///< one of `choices`
+  Crop,            ///< "20" or "16,8,-16,-8" (ValidCropValue)
+  Effect,          ///< four whole numbers, each followed by ";"
+  Grid,            ///< the form of a GridLayoutRecord, with sound numbers for a PAL menu
+  SubtitleFormat,  ///< nine fields separated by "/"
+  VolumeName,      ///< 1 to 30 capitals, digits and "_"
+};
+
+/// Limits of a number, both included; no limits where `least` is above `most`.
+struct SettingRange {
+  int least = 0;
+  int most = -1;
+  bool isEven = false;
+};
+
 /// The one description of a setting, which the store, settings files, the command line, project files, preset files
 /// and the settings dialog walk. Its default is what the member has in `Settings{}`.
 struct SettingRow {
@@ -47,6 +66,38 @@ struct SettingRow {
   SettingMember member;
   ProjectPlace project;
   PresetPlace preset = {};
+  SettingRange range = {};
+  SettingForm form = SettingForm::Any;
+  QStringView choices = {};  ///< separated by blanks
+  QStringView meaning = {};  ///< a sentence for the user
+
+  // What is left to say of a row; each gives the row with it.
+  constexpr SettingRow From(int least, int most) const {
+    SettingRow row = *this;
+    row.range = {least, most};
+    return row;
+  }
+  constexpr SettingRow EvenFrom(int least, int most) const {
+    SettingRow row = *this;
+    row.range = {least, most, true};
+    return row;
+  }
+  constexpr SettingRow As(SettingForm textForm) const {
+    SettingRow row = *this;
+    row.form = textForm;
+    return row;
+  }
+  constexpr SettingRow OneOf(QStringView words) const {
+    SettingRow row = *this;
+    row.form = SettingForm::Choice;
+    row.choices = words;
+    return row;
+  }
+  constexpr SettingRow Means(QStringView sentence) const {
+    SettingRow row = *this;
+    row.meaning = sentence;
+    return row;
+  }
 };
 
 /// All settings, in the order in which they are read.

@@ -128,6 +128,11 @@ bool HostFiles::FileExists(const QString& dosPath) {
   return !dosPath.isEmpty() && info.exists() && !info.isDir();
 }
 
+bool HostFiles::IsSameFile(const QString& dosPath, const QString& otherPath) {
+  const QString real = QFileInfo(ToHost(dosPath)).canonicalFilePath();
+  return !real.isEmpty() && real == QFileInfo(ToHost(otherPath)).canonicalFilePath();
+}
+
 bool HostFiles::DirExists(const QString& dosPath) {
   return !dosPath.isEmpty() && QFileInfo(ToHost(dosPath)).isDir();
 }

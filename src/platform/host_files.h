@@ -44,6 +44,9 @@ class HostFiles {
   static bool FileExists(const QString& dosPath);
   static bool DirExists(const QString& dosPath);
 
+  /// True when both paths lead to one existing file, through whatever links.
+  static bool IsSameFile(const QString& dosPath, const QString& otherPath);
+
   /// Size in bytes, or nothing when there is no such file.
   static std::optional<qint64> FileSizeOf(const QString& dosPath);
 

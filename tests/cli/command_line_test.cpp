@@ -10,12 +10,12 @@ namespace torvane {
 
 TEST(CommandLineParser, TakesOptionsInFrontAndBehind) {
   const Result<CommandLine> line = ParseCommandLine(QProcess::splitCommand(
-      u"--profile /p --set OutDir=/a=b compose x.tvn --set=ISO_Name= MM1 -o /out --mode 2 --lang=de --assume no"_s));
+      u"--profile /p --set OutDir=/a=b compose x.tvn --set=TVNLogFile= MM1 -o /out --mode 2 --lang=de --assume no"_s));
   ASSERT_TRUE(line) << line.Error().toStdString();
   EXPECT_EQ(line->command, u"compose"_s);
   EXPECT_EQ(line->arguments, (QStringList{u"x.tvn"_s, u"MM1"_s}));
   EXPECT_EQ(line->profileDir, u"/p"_s);
-  EXPECT_EQ(line->overrides, (QList<SettingOverride>{{u"OutDir"_s, u"/a=b"_s}, {u"ISO_Name"_s, QString()}}));
+  EXPECT_EQ(line->overrides, (QList<SettingOverride>{{u"OutDir"_s, u"/a=b"_s}, {u"TVNLogFile"_s, QString()}}));
   EXPECT_EQ(line->output, u"/out"_s);
   EXPECT_EQ(line->mode, 2);
   EXPECT_EQ(line->language, 2000);
@@ -37,6 +37,11 @@ TEST(CommandLineParser, RefusesWrongUsageWithAReason) {
       {u"chapters a --fps 0"_s, u"--fps takes a number above 0, not \"0\"."_s},
       {u"chapters a --duration=x"_s, u"--duration takes seconds, not \"x\"."_s},
       {u"chapters a --frames=default"_s, u"--frames takes yes, no, not \"default\"."_s},
+      {u"save a b -o c"_s, u"The command save takes no -o."_s},
+      {u"--mode 1 build a"_s, u"The command build takes no --mode."_s},
+      {u"info a --fps 25"_s, u"The command info takes no --fps."_s},
+      {u"tree a --frames=yes"_s, u"The command tree takes no --frames."_s},
+      {u"compose a MM -o b --at 1,2"_s, u"The command compose takes no --at."_s},
   };
   for (const auto& [line, reason] : cases) {
     EXPECT_EQ(ParseCommandLine(QProcess::splitCommand(line)).Error(), reason);

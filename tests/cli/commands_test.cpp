@@ -40,11 +40,34 @@ TEST_F(CommandsTest, ExitCodesTellUsageFromFailure) {
 }
 
 TEST_F(CommandsTest, ASettingsFileComesBeforeTheCommandLine) {
-  drive_.Write(u"s.txt"_s, "RasterX=8\r\nRasterY=9\r\n");
-  ASSERT_EQ(Run(uR"(--settings C:\s.txt --set RasterX=7 new C:\s.tvn)"_s), kExitDone);
+  drive_.Write(u"s.txt"_s, "RasterX=8\r\nRasterY=10\r\n");
+  ASSERT_EQ(Run(uR"(--settings C:\s.txt --set RasterX=6 new C:\s.tvn)"_s), kExitDone);
   ASSERT_EQ(Run(uR"(tree C:\s.tvn)"_s), kExitDone);
-  EXPECT_TRUE(out_.contains(u"RasterX=7\n"));
-  EXPECT_TRUE(out_.contains(u"RasterY=9\n"));
+  EXPECT_TRUE(out_.contains(u"RasterX=6\n"));
+  EXPECT_TRUE(out_.contains(u"RasterY=10\n"));
+}
+
+TEST_F(CommandsTest, NothingIsOverwrittenUnasked) {
+  ASSERT_EQ(Run(uR"(new C:\p)"_s), kExitDone);
+  drive_.Write(u"work.tvn"_s, "mine");
+  drive_.Write(u"look.tvp"_s, "mine");
+  for (const QString& line : {uR"(new C:\work)"_s, uR"(save C:\p.tvn C:\work.tvn)"_s, uR"(preset save C:\look)"_s,
+                              uR"(add-label C:\p.tvn Sea -o C:\WORK.TVN)"_s}) {
+    const QString name = line.contains(u"preset") ? u"look.tvp"_s : u"work.tvn"_s;
+    EXPECT_EQ(Run(line), kExitFailed) << line.toStdString();
+    const QString question = u"question: There is a file %1 already. Write over it? [No]\n"_s.arg(drive_.Host(name));
+    EXPECT_EQ(error_, question) << line.toStdString();
+    EXPECT_EQ(*HostFiles::Read(u"C:\\"_s + name), "mine");
+    EXPECT_EQ(Run(u"--assume yes "_s + line), kExitDone) << error_.toStdString();
+    EXPECT_NE(*HostFiles::Read(u"C:\\"_s + name), "mine");
+    drive_.Write(name, "mine");
+  }
+  ASSERT_TRUE(QFile::link(drive_.Host(u"p.tvn"_s), drive_.Host(u"link.tvn"_s)));
+  for (const QString& line : {uR"(save C:\p.tvn C:\P.tvn)"_s, uR"(add-label C:\p.tvn Sea)"_s,
+                              uR"(add-label C:\p.tvn Sea -o C:\link.tvn)"_s}) {
+    EXPECT_EQ(Run(line), kExitDone) << error_.toStdString();
+    EXPECT_EQ(error_, QString()) << "a project saved onto the file it was loaded from";
+  }
 }
 
 TEST_F(CommandsTest, ComposeDrawsOneMenu) {

@@ -30,6 +30,9 @@ TEST_F(RecoverCommandTest, ListsSavesAndDiscardsLeftWork) {
   EXPECT_TRUE(error_.startsWith(u"warning: 2-1: "_s)) << error_.toStdString();
 
   EXPECT_EQ(Run(uR"(recover save 1-1 C:\missing\again.tvn)"_s), kExitFailed);
+  drive_.Write(u"mine.tvn"_s, "mine");
+  EXPECT_EQ(Run(uR"(recover save 1-1 C:\mine)"_s), kExitFailed);
+  EXPECT_EQ(*HostFiles::Read(uR"(C:\mine.tvn)"_s), "mine");
   EXPECT_EQ(HostFiles::FileNames(journals_).size(), 2) << "what is not saved is kept";
   ASSERT_EQ(Run(u"recover save 1-1 "_s + drive_.Host(u"again"_s)), kExitDone) << error_.toStdString();
   EXPECT_EQ(error_, u"warning: The end of the journal is damaged; what was changed last may be missing.\n"_s);

@@ -229,6 +229,31 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheFormerFile) {
   EXPECT_EQ(HostFiles::Read(kFile).operator*(), "former");
 }
 
+TEST_F(ProjectFileTest, AProjectIsNamedByTheFileItWasSavedTo) {
+  Project project(settings_);
+  test::BuildTwoFilms(project);
+  project.History.MarkUnsaved();
+  const QString unnamed = project.ProjectFile;
+  EXPECT_FALSE(SaveProjectAs(project, u"C:\\nowhere\\x.tvn"_s, prompter_));
+  EXPECT_EQ(project.ProjectFile, unnamed);
+  EXPECT_FALSE(project.ProjectNamed || project.ProjectSaved());
+  EXPECT_TRUE(SaveProjectAs(project, kFile, prompter_));
+  EXPECT_EQ(project.ProjectFile, kFile);
+  EXPECT_TRUE(project.ProjectNamed && project.ProjectSaved());
+}
+
+TEST_F(ProjectFileTest, TheMenusOwnRasterIsInUse) {
+  Project project(settings_);
+  test::BuildTwoFilms(project);
+  test::AddNode(project, u"MMBG"_s, u"MMBGRasterX|RasterX=8"_s);
+  test::AddNode(project, u"MMBG"_s, u"MMBGRasterY|RasterY=0"_s);
+  ASSERT_TRUE(SaveProjectAs(project, kFile, prompter_));
+  Project loaded(settings_);
+  ASSERT_TRUE(LoadProject(loaded, kFile, prompter_));
+  EXPECT_EQ(loaded.Settings.ActiveRasterX, 8);
+  EXPECT_EQ(loaded.Settings.ActiveRasterY, 2);
+}
+
 TEST_F(ProjectFileTest, ReadsTheIntroFromItsNodes) {
   drive_.Write(u"p/x.tvn"_s, Document("1.07", "<NODE Key=\"INTRO\" Caption=\"Intro\"><NODE Key=\"INTROFile\" Caption=\"i.mpg\"/></NODE>"));
   settings_.IntroAudio = u"old"_s;
