@@ -51,7 +51,7 @@ edit align left MMB1 MMB2
 # A button for each chapter in the menu of each film.
 edit set TS1BGPath background.png
 edit set TS2BGPath background.png
-edit add-chapters --menu TS1 --grid R3C1PX100PY220DX0DY70
+edit add-chapters --menu TS1 --grid R3C1PX100PY220DX70DY70
 edit add-chapters --menu TS2 --grid R2C2PX100PY220DX250DY70
 
 # A menu behind the main menu, with a button that ends the disc.

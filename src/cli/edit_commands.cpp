@@ -5,6 +5,7 @@
 #include <map>
 
 #include "cli/film_commands.h"
+#include "cli/picture_check.h"
 #include "core/action_strings.h"
 #include "designer/alignment.h"
 #include "designer/copy_layout.h"
@@ -12,6 +13,7 @@
 #include "designer/edit_films.h"
 #include "designer/edit_menus.h"
 #include "designer/edit_values.h"
+#include "designer/menu_frame.h"
 #include "designer/shrink.h"
 #include "platform/host_files.h"
 #include "render/text_painter.h"
@@ -147,6 +149,8 @@ class EditCommand {
     return false;
   }
 
+  bool RefuseMissing(const QString& key) { return Refuse(u"The project has no node %1."_s.arg(key)); }
+
   bool ReadPlace() {
     place_.menu = Option(u"--menu"_s, MainMenuKey());
     if (MenuOfNode(context_.project.Tree, place_.menu) != place_.menu) {
@@ -157,8 +161,10 @@ class EditCommand {
       bool xOk = false;
       bool yOk = false;
       const QPoint point(numbers.value(0).toInt(&xOk), numbers.value(1).toInt(&yOk));
-      if (numbers.size() != 2 || !xOk || !yOk || !kFrame.contains(point)) {
-        return Refuse(u"--at takes a place within 720 by 576 as X,Y, not \"%1\"."_s.arg(Option(u"--at"_s)));
+      const int height = MenuHeight(context_.project.Settings);
+      if (numbers.size() != 2 || !xOk || !yOk || !QRect(0, 0, kMenuWidth, height).contains(point)) {
+        return Refuse(u"--at takes a place within %1 by %2 as X,Y, not \"%3\"."_s.arg(kMenuWidth).arg(height).arg(
+            Option(u"--at"_s)));
       }
       place_.position = point;
     }
@@ -215,28 +221,31 @@ class EditCommand {
 
   bool AddPicture() {
     const QString path = HostFiles::FromUser(Argument(1));
-    if (!HostFiles::FileExists(path)) return Refuse(u"There is no picture "_s + path);
-    return AddImage(context_, path, place_);
+    return CheckPicture(path, prompter_) && AddImage(context_, path, place_);
   }
 
   bool AddMovie() {
     const QString video = HostFiles::FromUser(Argument(1));
     if (!HostFiles::FileExists(video)) return Refuse(u"There is no video "_s + video);
-    const QString picture = Option(u"--picture"_s);
-    return AddAnimation(
-        context_, {.video = video, .picture = picture.isEmpty() ? QString() : HostFiles::FromUser(picture)}, place_);
+    const QString typed = Option(u"--picture"_s);
+    const QString picture = typed.isEmpty() ? QString() : HostFiles::FromUser(typed);
+    if (!picture.isEmpty() && !CheckPicture(picture, prompter_)) return false;
+    return AddAnimation(context_, {.video = video, .picture = picture}, place_);
   }
 
   bool Delete() {
     refusal_ = u"%1 is nothing that can be deleted."_s.arg(Argument(1));
+    if (!context_.project.Tree.Contains(Argument(1))) return RefuseMissing(Argument(1));
     return DeleteNode(context_, Argument(1));
   }
 
   bool Set() {
     refusal_ = u"%1 does not take the value \"%2\"."_s.arg(Argument(1), Argument(2));
     const ProjectNode* node = context_.project.Tree.Find(Argument(1));
-    const bool isPath = node && node->Image() == kBackgroundNode;
-    return EditValue(context_, Argument(1), isPath ? HostFiles::FromUser(Argument(2)) : Argument(2));
+    if (!node) return RefuseMissing(Argument(1));
+    if (node->Image() != kBackgroundNode) return EditValue(context_, Argument(1), Argument(2));
+    const QString path = HostFiles::FromUser(Argument(2));
+    return CheckPicture(path, prompter_) && EditValue(context_, Argument(1), path);
   }
 
   bool Align() {
@@ -266,8 +275,6 @@ class EditCommand {
     refusal_ = u"The project has no films."_s;
     return ShrinkToSize(context_, Argument(1));
   }
-
-  static constexpr QRect kFrame{0, 0, 720, 576};
 
   const CommandLine& line_;
   TellingPrompter prompter_;

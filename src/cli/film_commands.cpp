@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "cli/media_commands.h"
+#include "cli/picture_check.h"
 #include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"
@@ -93,7 +94,8 @@ class TitleOptions {
         continue;
       }
       const QString path = HostFiles::FromUser(files[i]);
-      if (!HostFiles::FileExists(path) || !IsAudioFile(path)) return Refuse(GetMessage(153, {{u"|1", path}}));
+      if (!HostFiles::FileExists(path)) return Refuse(u"There is no audio file "_s + path);
+      if (!IsAudioFile(path)) return Refuse(GetMessage(153, {{u"|1", path}}));
       title.SetAudio(int(i) + 1, path);
     }
     return true;
@@ -265,7 +267,7 @@ bool AddAudioTitleSetOf(const CommandLine& line, EditContext& context, const Ele
   fields.AddTrack = line.HasFlag(u"--add-track"_s);
   if (line.options.contains(u"--image"_s)) {
     fields.Image = HostFiles::FromUser(line.Option(u"--image"_s));
-    if (!HostFiles::FileExists(fields.Image)) return Fail(context, u"There is no picture "_s + fields.Image);
+    if (!CheckPicture(fields.Image, context.prompter)) return false;
   }
   const bool wantsTitles = line.HasFlag(u"--titles"_s);
   const bool wantsChapters = line.HasFlag(u"--chapters"_s);

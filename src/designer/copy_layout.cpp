@@ -90,22 +90,15 @@ class LayoutCopy {
     if (!Menu().AutoActionButton()) tree_.SetTag(MenuNodeKey(menu_, menu_node::Buttons), {});
   }
 
+  /// The aspect is no part of the look: what stands in the menu is placed for it.
   void Background(bool withPostAction) {
     const QString group = MenuNodeKey(menu_, menu_node::Background);
-    const QString post = MenuNodeKey(menu_, menu_node::BackgroundPostAction);
-    const ProjectNode* former = tree_.Find(post);
-    const NodeData saved{post, former ? former->Caption() : QString(), former ? former->Tag() : QString()};
+    const NodeData post = Saved(menu_node::BackgroundPostAction);
+    const NodeData aspect = Saved(menu_node::BackgroundAspect);
     while (const ProjectNode* child = tree_.Find(group)->FirstChild()) tree_.Remove(child->Key());
     Fill(menu_node::Background);
-    if (withPostAction) return;
-    if (saved.Caption.size() <= menu_node::BackgroundPostAction.Label.size()) {
-      tree_.Remove(post);
-    } else if (tree_.Contains(post)) {
-      tree_.SetCaption(post, saved.Caption);
-      tree_.SetTag(post, saved.Tag);
-    } else {
-      tree_.Add(saved, group, Relation::Child);
-    }
+    Restore(aspect, menu_node::BackgroundAspect);
+    if (!withPostAction) Restore(post, menu_node::BackgroundPostAction);
   }
 
   bool Buttons() {
@@ -151,6 +144,26 @@ class LayoutCopy {
 
  private:
   MenuView Menu() const { return {tree_, menu_}; }
+
+  /// A node of the target as it stands; without caption where there is none.
+  NodeData Saved(Attribute attribute) const {
+    const QString key = MenuNodeKey(menu_, attribute);
+    const ProjectNode* node = tree_.Find(key);
+    return {key, node ? node->Caption() : QString(), node ? node->Tag() : QString(),
+            node ? node->Image() : 0};
+  }
+
+  /// Puts a saved node of the background back; one without a value goes.
+  void Restore(const NodeData& saved, Attribute attribute) {
+    if (saved.Caption.size() <= attribute.Label.size()) {
+      tree_.Remove(saved.Key);
+    } else if (tree_.Contains(saved.Key)) {
+      tree_.SetCaption(saved.Key, saved.Caption);
+      tree_.SetTag(saved.Key, saved.Tag);
+    } else {
+      tree_.Add(saved, MenuNodeKey(menu_, menu_node::Background), Relation::Child);
+    }
+  }
 
   void Fill(Attribute group) {
     CopyChildren(tree_, MenuNodeKey(menu_, group), MenuNodeKey(source_, group), {{source_, menu_}},

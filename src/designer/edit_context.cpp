@@ -45,16 +45,20 @@ QString MenuOfNode(const ProjectTree& tree, const QString& key) {
   return IsMainMenuFamily(root) || IsTitleSetMenu(root) || IsSubMenu(root) ? root : QString();
 }
 
+void ShowMenu(Project& project, const QString& key) {
+  project.CurrentMenuKey = key;
+  project.CurrentTitleSet = TitleSetOfMenu(project, key);
+  TakeMenuRaster(project, key);
+}
+
 bool SwitchMenu(Project& project, const QString& key, Prompter& prompter) {
   if (project.Settings.NoMenus && key != MainMenuKey()) {
-    project.CurrentMenuKey = MainMenuKey();
-    project.CurrentTitleSet = 0;
+    ShowMenu(project, MainMenuKey());
     prompter.Inform(GetMessage(193));
     return false;
   }
   if (MenuOfNode(project.Tree, key) != key) return false;
-  project.CurrentMenuKey = key;
-  project.CurrentTitleSet = TitleSetOfMenu(project, key);
+  ShowMenu(project, key);
   return true;
 }
 

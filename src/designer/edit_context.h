@@ -42,7 +42,10 @@ QString FamilyRoot(const Project& project, const QString& menu);
 /// The menu that an element or one of its attributes belongs to; empty for any other key.
 QString MenuOfNode(const ProjectTree& tree, const QString& key);
 
-/// Makes a menu the current one. Without menus the main menu alone can be shown: another one is answered by message
+/// Makes a menu of the project the current one, with its titleset and raster.
+void ShowMenu(Project& project, const QString& key);
+
+/// The same when it may be. Without menus the main menu alone can be shown: another one is answered by message
 /// 193. False when the menu shown is not `key` afterwards.
 bool SwitchMenu(Project& project, const QString& key, Prompter& prompter);
 

@@ -10,6 +10,7 @@
 #include "designer/edit_films.h"
 #include "designer/edit_menus.h"
 #include "designer/element_limits.h"
+#include "designer/menu_frame.h"
 #include "platform/host_files.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -41,8 +42,24 @@ bool HasPlayAll(const Project& project) {
   return false;
 }
 
+/// True while some button leads to the playlist that the tag names.
+bool HasPlayListButton(const ProjectTree& tree, const QString& playListTag) {
+  for (const ProjectNode* root = tree.FirstRoot(); root; root = root->Next()) {
+    if (MenuOfNode(tree, root->Key()).isEmpty()) continue;
+    for (const ButtonView& button : MenuView(tree, root->Key()).Buttons()) {
+      const bool isPlayList = KindOf(tree.Find(button.Key())->Caption()) == ButtonKind::PlayList;
+      if (isPlayList && button.Tag(element_node::Text) == playListTag) return true;
+    }
+  }
+  return false;
+}
+
 bool DeleteButton(EditContext& context, const QString& menu, int number) {
   Project& project = context.project;
+  if (number == kBackButton) {
+    context.prompter.Inform(GetMessage(176));
+    return false;
+  }
   const ButtonView button(project.Tree, ButtonKey(menu, number), number, ButtonPropertiesKey(menu, number));
   const std::optional<ButtonKind> kind = KindOf(project.Tree.Find(button.Key())->Caption());
   if (kind == ButtonKind::Film) return DeleteFilm(context, FilmOfButton(project, menu, number));
@@ -60,7 +77,7 @@ bool DeleteButton(EditContext& context, const QString& menu, int number) {
   const QString tag = button.Tag(element_node::Text);
   RemoveButtonNodes(project, menu, number);
   places.Update();
-  if (kind == ButtonKind::PlayList) {
+  if (kind == ButtonKind::PlayList && !HasPlayListButton(project.Tree, tag)) {
     // The numbers of a film's playlists have no gaps, so that only the last one goes with its button.
     const int film = ValToInt(tag.section(u' ', 0, 0));
     const QString key = PlayListKey(film, ValToInt(tag.section(u' ', 1, 1)));
@@ -127,6 +144,24 @@ bool AddChapterPicture(EditContext& context, const QString& film, QString time, 
   return !HostFiles::FileExists(still) || AddImage(context, still, place);
 }
 
+/// Keys of the buttons and labels of a menu that pass the right margin or the lower edge of a grid's preview.
+QStringList BeyondTheGrid(const Project& project, const QString& menu) {
+  constexpr int kRightMargin = 712;
+  QStringList keys;
+  const auto collect = [&](const auto& elements) {
+    for (const auto& element : elements) {
+      const QRect place = ElementRectangle(element.Drawing());
+      const bool passes = place.x() + place.width() > kRightMargin ||
+                          place.y() + place.height() > MenuHeight(project.Settings);
+      if (passes) keys << element.Key();
+    }
+  };
+  const MenuView view(project.Tree, menu);
+  collect(view.Buttons());
+  collect(view.Labels());
+  return keys;
+}
+
 bool IsBefore(const ProjectNode* node, const ProjectNode* other) {
   while (node && node != other) node = node->Next();
   return node != nullptr;
@@ -191,9 +226,14 @@ bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, cons
   for (const int chapter : chapters) {
     if (!CheckChapter(context, place.menu, chapter)) return false;
   }
+  const QStringList faults = GridLayoutFaults(gridLayout, MenuHeight(context.project.Settings));
+  if (!faults.isEmpty()) {
+    context.prompter.Inform(faults.join(u"\r\n"_s));
+    return false;
+  }
   const GridLayoutRecord grid = ParseGridLayout(gridLayout);
-  const auto places =
-      std::min(chapters.size(), std::size_t(std::max(grid.Rows, 0)) * std::size_t(std::max(grid.Columns, 0)));
+  const auto places = std::min(chapters.size(), std::size_t(grid.Rows) * std::size_t(grid.Columns));
+  const QStringList beyondBefore = BeyondTheGrid(context.project, place.menu);
   Edit edit(context.project, u"Create layout by grid"_s);
   std::size_t added = 0;
   // A full menu refuses its chapter as it does a single one, and would refuse all that follow.
@@ -205,6 +245,10 @@ bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, cons
     room = AddChapterButton(context, chapters[added], cell, picture);
   }
   if (added == 0) return false;
+  if (BeyondTheGrid(context.project, place.menu) != beyondBefore) {
+    context.prompter.Inform(GetMessage(682));
+    return false;
+  }
   edit.Commit();
   return true;
 }
@@ -283,6 +327,10 @@ bool DeleteNode(EditContext& context, const QString& key) {
   if (!group) return false;
   if (group->Suffix == menu_node::Buttons.Suffix) {
     return DeleteButton(context, menu, ElementNumber(key, MenuNodeKey(menu, *group)));
+  }
+  if (group->Suffix == menu_node::Animations.Suffix && FilmAnimations(project, menu).contains(key)) {
+    context.prompter.Inform(GetMessage(177));
+    return false;
   }
   Edit edit(project, u"Delete element"_s);
   project.Tree.Remove(key);

@@ -29,7 +29,8 @@ bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& pla
                       ChapterPicture picture = ChapterPicture::None);
 
 /// Adds buttons for chapters in the places of a grid, rows from the top, until either runs out or the menu is full,
-/// which is told. One step of undo. False when none was added.
+/// which is told. One step of undo. False when none was added: for a text that is no grid (GridLayoutFaults), or a button
+/// that would pass the right margin or the lower edge (message 682).
 bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, const QString& gridLayout,
                     const ElementPlace& place, ChapterPicture picture = ChapterPicture::None);
 
@@ -40,7 +41,8 @@ bool AddAnimation(EditContext& context, const NewAnimation& animation, const Ele
 bool AddMissingBackButton(EditContext& context, const QString& menu);
 
 /// Deletes what a head node names: a film with all that belongs to it ("F3", "FP3", its button), a submenu by its list
-/// entry ("MMM2"), a playlist by its button, or an element of a menu. False for anything else.
+/// entry ("MMM2"), a playlist by its last button, or an element of a menu. Refused for a Back button (message 176) and
+/// the animation of a film (177); false for anything else.
 bool DeleteNode(EditContext& context, const QString& key);
 
 enum class ElementGroup { All, Animations, Images, Labels, ChapterButtons, FreeButtons };

@@ -283,10 +283,7 @@ bool DeleteFilm(EditContext& context, int film) {
   if (project.TitleSetCount == project.FilmCount) --project.TitleSetCount;
   --project.FilmCount;
   if (project.FilmCount == 0) project.ProjectHasVideos = false;
-  if (!project.Tree.Contains(project.CurrentMenuKey)) {
-    project.CurrentMenuKey = MainMenuKey();
-    project.CurrentTitleSet = 0;
-  }
+  if (!project.Tree.Contains(project.CurrentMenuKey)) ShowMenu(project, MainMenuKey());
   CalculateTotalSize(project);
   edit.Commit();
   return true;

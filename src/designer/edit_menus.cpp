@@ -185,10 +185,7 @@ bool DeleteSubMenu(EditContext& context, const QString& entry) {
   if (IsAdditionalMenu(menu)) project.Tree.Remove(menu);
   project.Tree.Remove(entry);
   if (project.Tree.Find(groupKey)->ChildCount() == 0) project.Tree.Remove(groupKey);
-  if (!project.Tree.Contains(project.CurrentMenuKey)) {
-    project.CurrentMenuKey = root;
-    project.CurrentTitleSet = TitleSetOfMenu(project, root);
-  }
+  if (!project.Tree.Contains(project.CurrentMenuKey)) ShowMenu(project, root);
   CalculateTotalSize(project);
   edit.Commit();
   return true;

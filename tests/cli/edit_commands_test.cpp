@@ -1,3 +1,5 @@
+#include <QImage>
+
 #include "cli_bench.h"
 #include "support/golden.h"
 
@@ -10,7 +12,10 @@ namespace {
 class EditCommandsTest : public test::CliTest {
  protected:
   EditCommandsTest() {
-    for (const QString& name : {u"i.png"_s, u"v/a.m2v"_s, u"v/b.m2v"_s}) drive_.Write(name);
+    for (const QString& name : {u"v/a.m2v"_s, u"v/b.m2v"_s}) drive_.Write(name);
+    QImage picture(8, 8, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    EXPECT_TRUE(picture.save(drive_.Host(u"i.png"_s)));
     Project project(test::FixedSettings());
     test::BuildTwoFilms(project);
     project.ProjectFile = u"C:\\p.tvn"_s;
@@ -44,6 +49,7 @@ TEST_F(EditCommandsTest, EachDoesOneThingAndSaves) {
   for (const auto& [line, key, caption] : cases) {
     EXPECT_EQ(Run(line + uR"( -o C:\out.tvn)"), kExitDone) << error_.toStdString();
     EXPECT_EQ(CaptionIn(u"C:\\out.tvn"_s, key), caption) << line.toStdString();
+    EXPECT_TRUE(HostFiles::RemoveFile(u"C:\\out.tvn"_s));
   }
   EXPECT_EQ(CaptionIn(u"C:\\p.tvn"_s, u"MMB2"_s), u"FilmButton2");
   EXPECT_EQ(Run(uR"(add-label C:\p.tvn Here)"_s), kExitDone);
@@ -58,9 +64,15 @@ TEST_F(EditCommandsTest, TellWhyNothingWasDone) {
   } cases[] = {
       {uR"(add-label C:\p.tvn x --menu TS1)"_s, u"error: The project has no menu TS1\n"_s},
       {uR"(add-label C:\p.tvn x --at 40)"_s, u"error: --at takes a place within 720 by 576 as X,Y, not \"40\".\n"_s},
+      {uR"(--set VideoNormPal=0 add-label C:\p.tvn x --at 40,480)"_s,
+       u"error: --at takes a place within 720 by 480 as X,Y, not \"40,480\".\n"_s},
       {uR"(add-label C:\p.tvn x --type 40)"_s,
        u"torvane-cli: The command add-label takes no --type.\nTry: torvane-cli --help\n"_s, kExitUsage},
       {uR"(add-image C:\p.tvn C:\no.png)"_s, u"error: There is no picture C:\\no.png\n"_s},
+      {uR"(set C:\p.tvn MMBGPath C:\no.png)"_s, u"error: There is no picture C:\\no.png\n"_s},
+      {uR"(set C:\p.tvn MMBGPath C:\v\a.m2v)"_s,
+       u"error: The file C:\\v\\a.m2v holds no picture that can be read; give a PNG, JPG, BMP or GIF.\n"_s},
+      {uR"(set C:\p.tvn MMB9Text x)"_s, u"error: The project has no node MMB9Text.\n"_s},
       {uR"(add-chapters C:\p.tvn)"_s, u"info: Nothing selected\n"_s},
       {uR"(add-playlist C:\p.tvn 1 01)"_s, u"error: Playlists are for existing films, and for MuxMan alone.\n"_s},
       {uR"(delete C:\p.tvn MMBG)"_s, u"error: MMBG is nothing that can be deleted.\n"_s},

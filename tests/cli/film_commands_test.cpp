@@ -1,3 +1,5 @@
+#include <QImage>
+
 #include "cli_bench.h"
 #include "media/mpeg_pieces.h"
 #include "support/golden.h"
@@ -24,10 +26,14 @@ class FilmCommandsTest : public CliTest {
     drive_.Write(u"s.srt"_s, "1\n");
     drive_.Write(u"s.sup"_s, "SP");
     drive_.Write(u"x.rgb"_s, QByteArray("FF0000\n").repeated(16));
+    QImage picture(8, 8, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    EXPECT_TRUE(picture.save(drive_.Host(u"x.bmp"_s)));
   }
 
   /// Runs a command on a new project that is made with the settings.
   int RunOnNew(const QString& line, const QStringList& settings = {}) {
+    for (const QString& former : {u"C:\\p.tvn"_s, u"C:\\o.tvn"_s}) EXPECT_TRUE(HostFiles::RemoveFile(former));
     EXPECT_EQ(Run(uR"(new C:\p.tvn)"_s, settings), kExitDone) << error_.toStdString();
     return Run(line);
   }
@@ -99,7 +105,7 @@ TEST_F(FilmCommandsTest, AddTitleTellsWhatItsChecksFind) {
       {uR"(C:\a.m2v --chapters 0:10,x)"_s, kExitFailed, u"error: --chapters: \"x\" is no time.\n"_s},
       {uR"(C:\m.mpg --audio C:\a.ac3)"_s, kExitFailed,
        u"error: Add. audio files are not allowed for multiplexed videos (MPG Video files)\nVideofile: C:\\m.mpg\n"_s},
-      {uR"(C:\a.m2v --audio C:\no.ac3)"_s, kExitFailed, u"error: Wrong Audiofile: C:\\no.ac3\n"_s},
+      {uR"(C:\a.m2v --audio C:\no.ac3)"_s, kExitFailed, u"error: There is no audio file C:\\no.ac3\n"_s},
       {uR"(C:\a.ac3)"_s, kExitFailed, u"error: No sequenz header found!\n"_s},
       {uR"(C:\a.m2v --delay 301)"_s, kExitFailed, u"info: Must be smaller than 300!\n"_s, {u"Engine=1"_s}},
       {uR"(C:\a.m2v --shrink 1)"_s, kExitFailed,
@@ -122,7 +128,7 @@ TEST_F(FilmCommandsTest, AddTitleTellsWhatItsChecksFind) {
 
 TEST_F(FilmCommandsTest, AddAudioTitleSetTakesFilesOfOneKind) {
   ASSERT_EQ(RunOnNew(uR"(add-audio-titleset C:\p.tvn C:\a.ac3 "C:\A - B - 07 - C.ac3" --titles --name Songs --artist Me
-                        --pattern --add-track --image C:\x.rgb)"_s),
+                        --pattern --add-track --image C:\x.bmp)"_s),
             kExitDone)
       << error_.toStdString();
   ExpectGolden(Captions(u"C:\\p.tvn"_s, u"FPA1"_s).toUtf8(), u"audio_titles.txt"_s);

@@ -67,6 +67,17 @@ TEST(CopyLayout, ThePostActionStaysUnlessItIsWanted) {
   }
 }
 
+TEST(CopyLayout, TheAspectStays) {
+  for (const QString& target : {u""_s, u"16:9=0"_s}) {
+    test::EditBench bench(test::TitleSetSettings());
+    for (int i = 0; i < 2; ++i) ASSERT_TRUE(AddFilm(bench.context, Film(), {}));
+    test::AddNode(bench.project, u"TS1BG"_s, u"TS1BG16:9|16:9=1"_s);
+    if (!target.isEmpty()) test::AddNode(bench.project, u"TS2BG"_s, u"TS2BG16:9|" + target);
+    ASSERT_TRUE(CopyMenuLayout(bench.context, u"TS2"_s, u"TS1"_s, {.Background = true}));
+    EXPECT_EQ(bench.Caption(u"TS2BG16:9"_s), target.isEmpty() ? u"(none)"_s : target);
+  }
+}
+
 TEST(CopyLayout, StaysWithinAFamilyOfMenus) {
   test::EditBench bench(test::TitleSetSettings());
   ASSERT_TRUE(AddFilm(bench.context, Film(), {}));

@@ -98,6 +98,33 @@ TEST(EditElements, ChapterButtonsTakeThePicturesOfTheEditor) {
   }
 }
 
+TEST(EditElements, AGridThatIsNoneOrPassesTheMenuIsRefused) {
+  Settings settings = test::TitleSetSettings();
+  settings.VideoNormPal = false;
+  settings.VideoHeight = 480;
+  test::EditBench bench(settings);
+  ASSERT_TRUE(AddFilm(bench.context, FilmWith(u"00:00:00.000,00:05:00.000,00:06:00.000"_s), {}));
+  const QString before = test::DumpTree(bench.project.Tree);
+  const QString overflow = u"Overflow! Reduce number/size of elements or change the grid..."_s;
+  const std::pair<QString, QString> cases[] = {
+      {u"hello"_s,
+       u"A grid is written like R10C1PX100PY100DX300DY64 (rows, columns, first place, distances), not \"hello\"."_s},
+      {u"R0C36PX15PY460DX600DY9"_s,
+       u"R=0: Must be greater than 0!\r\nC=36: Must be smaller than 36!\r\nPX=15: Must be more than 15 Pixel\r\n"
+       u"PY=460: Must be less than 460 Pixel\r\nDX=600: Must be less than 600 Pixel\r\n"
+       u"DY=9: Must be more than 9 Pixel"_s},
+      {u"R1C3PX100PY100DX268DY50"_s, overflow},  // the third button ends at 713
+      {u"R3C1PX100PY100DX100DY181"_s, overflow},  // at 481
+  };
+  for (const auto& [grid, told] : cases) {
+    EXPECT_FALSE(AddChapterGrid(bench.context, {1, 2, 3}, grid, {.menu = u"TS1"_s})) << grid.toStdString();
+    EXPECT_EQ(bench.Told(), QStringList(told));
+    EXPECT_EQ(test::DumpTree(bench.project.Tree), before);
+  }
+  EXPECT_TRUE(AddChapterGrid(bench.context, {1, 2}, u"R1C3PX100PY100DX268DY50"_s, {.menu = u"TS1"_s}));
+  EXPECT_TRUE(AddChapterGrid(bench.context, {1, 2, 3}, u"R3C1PX100PY100DX100DY180"_s, {.menu = u"TS1"_s}));
+}
+
 TEST(EditElements, AGridEndsWhereTheMenuIsFull) {
   Settings settings = test::TitleSetSettings();
   settings.DefMenuRatio = true;
@@ -171,6 +198,19 @@ TEST(EditElements, GroupsAreDeletedWithoutWhatBelongsToFilms) {
   }
 }
 
+TEST(EditElements, TheAnimationOfAFilmStays) {
+  test::EditBench bench;
+  FilmRecord film = FilmWith(u"00:00:00.000"_s);
+  film.Animated = 1;
+  ASSERT_TRUE(AddFilm(bench.context, film, {}));
+  ASSERT_TRUE(AddAnimation(bench.context, {.video = u"C:\\other.m2v"_s}, {}));
+  EXPECT_FALSE(DeleteNode(bench.context, u"MMS01"_s));
+  EXPECT_EQ(bench.Told(),
+            QStringList(u"Animation within a FilmButton may be deleted/disabled in the Video properties"_s));
+  EXPECT_TRUE(DeleteNode(bench.context, u"MMS02"_s));
+  EXPECT_EQ(bench.Children(u"MMS"_s), QStringList(u"Ani=C:\\v\\a.m2v"_s));
+}
+
 TEST(EditElements, SubmenuButtonsGoWithTheirSubmenu) {
   test::EditBench bench;
   ASSERT_TRUE(AddMenu(bench.context, {}, {}));
@@ -180,7 +220,10 @@ TEST(EditElements, SubmenuButtonsGoWithTheirSubmenu) {
   EXPECT_EQ(bench.Told(), QStringList(u"Submenus can only be deleted in the Project explorer. \r\n Load MainMenu to "
                                       u"delete the submenu?"_s));
   EXPECT_EQ(bench.project.CurrentMenuKey, u"MM");
-  EXPECT_TRUE(DeleteNode(bench.context, u"MM1B0"_s));
+  bench.Told();
+  EXPECT_FALSE(DeleteNode(bench.context, u"MM1B0"_s));
+  EXPECT_EQ(bench.Told(), QStringList(u"The Back-Button cannot be deleted!"_s));
+  bench.project.Tree.Remove(u"MM1B0"_s);
   EXPECT_TRUE(AddMissingBackButton(bench.context, u"MM1"_s));
   EXPECT_EQ(bench.Caption(u"MM1B0Action"_s), u"Action=jump menu 1;");
   EXPECT_FALSE(AddMissingBackButton(bench.context, u"MM1"_s));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "designer/copy_layout.h"
 #include "designer/edit_elements.h"
 #include "designer/edit_menus.h"
 #include "support/edit_bench.h"
@@ -101,6 +102,21 @@ TEST(EditFilms, APlaylistGoesWithItsButtonWhenItIsTheLast) {
   EXPECT_EQ(bench.Children(u"MMB"_s), QStringList({u"FilmButton1"_s, u"PlayListButton2"_s}));
   ASSERT_TRUE(DeleteNode(bench.context, u"MMB3"_s));
   EXPECT_EQ(bench.Children(u"FP1P"_s), QStringList(u"PlayList1"_s));
+}
+
+TEST(EditFilms, APlaylistStaysWhileACopiedButtonLeadsToIt) {
+  Settings settings;
+  settings.Engine = 1;
+  test::EditBench bench(settings);
+  ASSERT_TRUE(AddFilm(bench.context, Film(u"a"_s), {}));
+  ASSERT_TRUE(AddPlayList(bench.context, {.Film = 1, .List = u"01"_s}, {}));
+  ASSERT_TRUE(AddMenu(bench.context, {}, {}));
+  ASSERT_TRUE(CopyMenuLayout(bench.context, u"MM1"_s, u"MM"_s, {.Buttons = true}));
+  ASSERT_EQ(bench.Children(u"MM1B"_s).filter(u"PlayList"_s).size(), 1);
+  ASSERT_TRUE(DeleteNode(bench.context, u"MM1B35"_s));
+  EXPECT_EQ(bench.Children(u"FP1P"_s), QStringList(u"PlayList1"_s));
+  ASSERT_TRUE(DeleteNode(bench.context, u"MMB2"_s));
+  EXPECT_FALSE(bench.project.Tree.Contains(u"FP1P"_s));
 }
 
 TEST(EditFilms, AnAnimatedFilmTakesItsAnimationAlong) {
