@@ -19,7 +19,7 @@ void ConsoleView::StepEnded(qsizetype /*index*/, double seconds) {
 
 void ConsoleView::Finished(RunOutcome outcome) {
   PrintError(outcome == RunOutcome::Finished ? u"finished\n"_s
-             : outcome == RunOutcome::Failed ? u"failed: the console text above says why\n"_s
+             : outcome == RunOutcome::Failed ? u"failed in %1; what the console printed says why\n"_s.arg(step_)
                                              : u"aborted\n"_s);
 }
 

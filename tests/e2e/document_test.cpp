@@ -45,13 +45,17 @@ TEST(ReadmeTest, ItsCommandsWorkInTheirOrder) {
   ASSERT_TRUE(QDir(workshop.Dir()).mkdir(u"samples"_s));
   for (const QString& name : {u"holiday.tvn"_s, u"samples/sample.tvn"_s})
     Put(workshop.Dir() + u'/' + name, workshop.project.Text());
+  const QString films = workshop.Dir() + u"/films"_s;
+  ASSERT_TRUE(QDir().mkdir(films));
   const QString path = QStringLiteral(TORVANE_BIN_DIR ":") + qEnvironmentVariable("PATH");
   for (QString command : commands) {
-    command.replace(u"/data/dvd"_s, workshop.OutDir());
+    command.replace(u"/data/dvd"_s, workshop.OutDir()).replace(u"/data/films"_s, films);
     EXPECT_TRUE(Succeeded(RunProgram(u"/bin/bash"_s, {u"-c"_s, command}, workshop.Dir(), {u"PATH"_s, path})))
         << qPrintable(command);
   }
-  EXPECT_TRUE(QFile::exists(workshop.OutDir() + u"/DVD/VIDEO_TS/VIDEO_TS.IFO"_s));
+  for (const QString& dir : {workshop.OutDir(), films}) {
+    EXPECT_TRUE(QFile::exists(dir + u"/DVD/VIDEO_TS/VIDEO_TS.IFO"_s)) << qPrintable(dir);
+  }
   EXPECT_TRUE(QFile::exists(workshop.Dir() + u"/pictures/MMBackg.png"_s));
 }
 
