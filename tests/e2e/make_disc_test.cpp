@@ -32,7 +32,7 @@ TEST(MakeDiscTest, MakesTheSampleTwiceInARow) {
           "  title 2: Second_film, 00:00:28.00, 4 chapters: 00:00:00.000 00:00:05.040 "s, "  2 menus\n"s}) {
       EXPECT_THAT(made.Words(), HasSubstr(words));
     }
-    for (const QString& place : {u"/my disc/DVD"_s, u"/my disc/sample.ISO"_s}) {
+    for (const QString& place : {u"/my disc/DVD"_s, u"/my disc/SAMPLE.ISO"_s}) {
       const std::unique_ptr<DvdPlayer> player = DvdPlayer::Open(dir.path() + place);
       ASSERT_TRUE(player) << place.toStdString();
       ASSERT_EQ(player->Settle().domain, DiscPlace::Domain::VmgmMenu);
@@ -58,6 +58,27 @@ TEST(MakeDiscTest, TakesAProjectAndTellsWhatIsWrongWithIt) {
 
   EXPECT_EQ(MakeDisc({u"missing.tvn"_s}, workshop.Dir()).exitCode, 1);
   EXPECT_EQ(MakeDisc({u"--fast"_s}, workshop.Dir()).exitCode, 2);
+  EXPECT_EQ(MakeDisc({u"sample.tvn"_s, u"film2.m2v"_s}, workshop.Dir()).exitCode, 2);
+}
+
+TEST(MakeDiscTest, MakesADiscOfFilms) {
+  const Workshop workshop(Norm::Ntsc);
+  for (const QString& ending : {u"m2v"_s, u"ac3"_s}) {
+    ASSERT_TRUE(QDir(workshop.Dir()).rename(u"film1."_s + ending, u"the sea."_s + ending));
+  }
+  const CliResult made = MakeDisc({u"the sea.m2v"_s, u"film2.m2v"_s, u"--out=made"_s}, workshop.Dir());
+  ASSERT_TRUE(Succeeded(made));
+  EXPECT_THAT(made.Words(), HasSubstr("  title 2: film2, 00:00:2"));
+  EXPECT_THAT(made.Words(), HasSubstr("  1 menu\n"));
+  const std::unique_ptr<DvdPlayer> player = DvdPlayer::Open(workshop.Dir() + u"/made/THE_SEA.ISO"_s);
+  ASSERT_TRUE(player);
+  ASSERT_EQ(player->Settle().domain, DiscPlace::Domain::VmgmMenu);
+  EXPECT_EQ(player->Press(2), DiscPlace::Chapter(2, 1));
+
+  const CliResult refused = MakeDisc({u"background.png"_s, u"--out=made"_s}, workshop.Dir());
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_THAT(refused.Words(), HasSubstr("background.png"));
+  EXPECT_THAT(refused.Words(), HasSubstr("make-disc: the disc was not made\n"));
 }
 
 }  // namespace
