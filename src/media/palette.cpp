@@ -102,6 +102,25 @@ bool IsStablePaletteColor(int color) {
   return RgbToPalette(PaletteToRgb(color)) == (color & kColorBits);
 }
 
+std::optional<int> RgbThatGives(int color) {
+  constexpr int kReach = 3;  // what rounding down three times can be off
+  const auto [red, green, blue] = BytesOf(PaletteToRgb(color));
+  std::optional<int> found;
+  int distance = 3 * kReach + 1;
+  for (int r = -kReach; r <= kReach; ++r) {
+    for (int g = -kReach; g <= kReach; ++g) {
+      for (int b = -kReach; b <= kReach; ++b) {
+        const int rgb = Packed(Clamped(red + r), Clamped(green + g), Clamped(blue + b));
+        const int away = std::abs(r) + std::abs(g) + std::abs(b);
+        if (away >= distance || RgbToPalette(rgb) != (color & kColorBits)) continue;
+        found = rgb;
+        distance = away;
+      }
+    }
+  }
+  return found;
+}
+
 int StablePaletteColor(int color, int rgb, int back) {
   if (color == back) return color;
   if (IsStablePaletteColor(back)) return back;

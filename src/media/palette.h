@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <optional>
 
 namespace torvane {
 
@@ -25,6 +26,10 @@ QString PaletteList(const QList<int>& colors);
 
 /// True when the colour survives the way to RGB and back unchanged.
 bool IsStablePaletteColor(int color);
+
+/// The RGB colour near that of `color` from which RgbToPalette makes `color` again; nothing for one of the many that no
+/// RGB colour gives, and which players show as the nearest that one does.
+std::optional<int> RgbThatGives(int color);
 
 /// The stable colour that stands for `color`, whose RGB colour is `rgb` and whose colour on the way back is `back`:
 /// itself or `back` if possible, else one near it.

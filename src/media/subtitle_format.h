@@ -26,11 +26,11 @@ enum class SubField {
 inline constexpr int kSubFields = 13;
 inline constexpr int kStoredSubFields = 9;  ///< a stored default ends with the bottom margin
 
-inline constexpr std::array<QStringView, 27> kSubCharSets{
+inline constexpr std::array<QStringView, 28> kSubCharSets{
     u"ISO-8859-1",  u"ISO-8859-2",  u"ISO-8859-3",  u"ISO-8859-5",  u"ISO-8859-6",  u"ISO-8859-7", u"ISO-8859-8",
     u"ISO-8859-9",  u"ISO-8859-10", u"ISO-8859-13", u"ISO-8859-15", u"ISO-8859-16", u"KOI8-R",     u"SHIFT_JIS",
     u"ISO-2022-JP", u"EUC-JP",      u"CP850",       u"CP866",       u"CP936",       u"CP1250",     u"CP1251",
-    u"CP1252",      u"CP1254",      u"CP1257",      u"MACINTOSH",   u"BIG5",        u"GB2312"};
+    u"CP1252",      u"CP1254",      u"CP1257",      u"MACINTOSH",   u"BIG5",        u"GB2312",     u"UTF-8"};
 inline constexpr std::array<QStringView, 3> kSubHAligns{u"left", u"center", u"right"};
 inline constexpr std::array<QStringView, 3> kSubVAligns{u"top", u"center", u"bottom"};
 inline constexpr std::array<QStringView, 8> kSubFpsValues{u"23.976", u"24", u"25",    u"29.97",

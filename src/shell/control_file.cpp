@@ -1,5 +1,6 @@
 #include "shell/control_file.h"
 
+#include <QRegularExpression>
 #include <QStringDecoder>
 #include <algorithm>
 
@@ -19,6 +20,11 @@ QString Decode(const QByteArray& bytes) {
   QStringDecoder decoder(QStringDecoder::Utf8);
   const QString text = decoder.decode(bytes);
   return decoder.hasError() ? FromDosCodePage(bytes) : text;
+}
+
+LooseAttribute* Find(LoosePiece& piece, const QString& name) {
+  const auto found = std::ranges::find(piece.attributes, name, &LooseAttribute::name);
+  return found == piece.attributes.end() ? nullptr : &*found;
 }
 
 void MapAttribute(LooseAttribute& attribute, const PathMapper& map) {
@@ -131,6 +137,38 @@ void ControlFile::MapSpumuxPaths(const PathMapper& map, const PathMapper& font) 
       }
     }
   }
+}
+
+Status ControlFile::ReplaceTexts(const std::function<Result<SubtitleText>(const QString&)>& answer) {
+  for (LoosePiece& piece : pieces_) {
+    LooseAttribute* const file = IsTag(piece, u"textsub"_s) ? Find(piece, u"filename"_s) : nullptr;
+    if (!file) continue;
+    const Result<SubtitleText> given = answer(PathOfValue(file->value));
+    if (!given) return Failure{given.Error()};
+    if (!given->file.isEmpty()) file->value = EncodeValue(given->file);
+    if (given->characterSet.isEmpty()) continue;
+    if (LooseAttribute* const stated = Find(piece, u"characterset"_s)) {
+      stated->value = given->characterSet;
+    } else {
+      piece.attributes << LooseAttribute{u" "_s, u"characterset"_s, given->characterSet};
+    }
+  }
+  return {};
+}
+
+Status ControlFile::ReplacePalettes(const std::function<Result<QString>(const QString&)>& answer) {
+  static const QRegularExpression kSubtitled(u"_SUB[1-3]\\.mpg$"_s, QRegularExpression::CaseInsensitiveOption);
+  LooseAttribute* palette = nullptr;
+  for (LoosePiece& piece : pieces_) {
+    if (IsTag(piece, u"pgc"_s)) palette = Find(piece, u"palette"_s);
+    LooseAttribute* const film = palette && IsTag(piece, u"vob"_s) ? Find(piece, u"file"_s) : nullptr;
+    if (!film || !kSubtitled.match(film->value).hasMatch()) continue;
+    const Result<QString> given = answer(PathOfValue(palette->value));
+    if (!given) return Failure{given.Error()};
+    palette->value = EncodeValue(*given);
+    palette = nullptr;
+  }
+  return {};
 }
 
 void ControlFile::SetTextColors(const QString& outline, const QString& fill) {

@@ -9,11 +9,11 @@
 #include <optional>
 
 #include "media/palette.h"
-#include "media/palette_file.h"
 #include "platform/host_files.h"
 #include "shell/loose_xml.h"
 #include "shell/png_file.h"
 #include "shell/subpicture.h"
+#include "shell/title_palette.h"
 #include "shell/written_file.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -64,13 +64,10 @@ QList<quint32> StandardColors() {
 }
 
 Result<QList<quint32>> ReadColors(const QString& paletteName) {
-  const Result<QString> palette = ReadPaletteFile(HostFiles::ToDos(paletteName));
-  if (!palette) return Failure{u"%1: no palette of 16 colours"_s.arg(paletteName)};
+  const Result<QList<int>> palette = ReadTitlePalette(paletteName);
+  if (!palette) return Failure{palette.Error()};
   QList<quint32> colors;
-  for (const int color : PaletteColors(*palette)) {
-    const auto rgb = quint32(PaletteToRgb(color));
-    colors << ((rgb & 255) << 16 | (rgb & 0xFF00) | (rgb >> 16 & 255));
-  }
+  for (const int color : *palette) colors << DrawnColor(color);
   return colors;
 }
 

@@ -8,12 +8,14 @@
 
 #include "media/palette.h"
 #include "media/palette_file.h"
+#include "media/text_encoding.h"
 #include "platform/host_files.h"
 #include "shell/control_file.h"
 #include "shell/current_directory.h"
 #include "shell/font_name.h"
 #include "shell/mplex_sound.h"
 #include "shell/syntax_check.h"
+#include "shell/title_palette.h"
 #include "shell/tool_program.h"
 #include "shell/video_norm.h"
 
@@ -150,6 +152,7 @@ class CommandMaker {
     if (tool_->controlFile == ToolEntry::ControlFile::Spumux) {
       command_.addsSubpictures = true;
       command_.stage.watched = true;
+      if (const Status replaced = ReplaceTexts(file, *folder); !replaced) return replaced;
       file.MapSpumuxPaths(map, NativeFontName);
       if (const Status colored = UsePaletteColors(file); !colored) return colored;
     } else {
@@ -158,10 +161,39 @@ class CommandMaker {
         if (Status reduced = ReduceToCheck(file, format, *folder); !reduced) return reduced;
       } else {
         file.ExcludePanScan();
+        if (const Status replaced = ReplacePalettes(file, *folder); !replaced) return replaced;
       }
       file.MapAuthorPaths(map);
     }
     return WriteCopy(*folder, file.ToBytes());
+  }
+
+  /// A text that says by itself what its bytes are is not left to the character set that the file states. spumux
+  /// knows no UTF-16, and takes the mark of UTF-8 for a sign of the first line.
+  Status ReplaceTexts(ControlFile& file, const QString& folder) const {
+    int copies = 0;
+    return file.ReplaceTexts([&](const QString& dosPath) -> Result<SubtitleText> {
+      const Result<QByteArray> text = HostFiles::Read(ResolveDosPath(dosPath));
+      if (!text || EncodingOfText(*text) == TextEncoding::Unstated) return SubtitleText{};
+      const QByteArray converted = TextAsUtf8(*text);
+      if (converted == *text) return SubtitleText{.characterSet = u"UTF-8"_s};
+      const QString copy = HostFiles::ToDos(u"%1/text%2"_s.arg(folder).arg(++copies));
+      if (const Status written = HostFiles::WriteAtomically(copy, converted); !written) return Failure{written.Error()};
+      return SubtitleText{.file = copy, .characterSet = u"UTF-8"_s};
+    });
+  }
+
+  Status ReplacePalettes(ControlFile& file, const QString& folder) const {
+    int copies = 0;
+    return file.ReplacePalettes([&](const QString& dosPath) -> Result<QString> {
+      const QString path = HostFiles::ToHost(ResolveDosPath(dosPath));
+      const Result<QList<int>> colors = ReadTitlePalette(path);
+      // dvdauthor tells of a palette that is none.
+      if (!colors || wine_ || FindablePalette(*colors) == *colors) return dosPath;
+      const QString copy = HostFiles::ToDos(u"%1/palette%2.pal"_s.arg(folder).arg(++copies));
+      const Status written = HostFiles::WriteAtomically(copy, PaletteFileText(PaletteList(FindablePalette(*colors))));
+      return written ? Result<QString>(copy) : Failure{written.Error()};
+    });
   }
 
   Status UsePaletteColors(ControlFile& file) const {
@@ -170,15 +202,10 @@ class CommandMaker {
                                    [](const CommandWord& word) { return !word.quoted && word.text == u"-ma"; });
     const QString path = QString(files_.output).replace(kStream, u".pal"_s);
     if (!asked || wine_ || !path.endsWith(u".pal") || !QFileInfo::exists(path)) return {};
-    const QString dosPath = HostFiles::ToDos(path);
-    const Result<QString> palette = ReadPaletteFile(dosPath);
-    if (!palette) return Failure{u"%1: no palette of 16 colours"_s.arg(path)};
-    const QList<int> colors = PaletteColors(*palette);
-    const auto text = [&colors](int index) -> QString {
-      const int rgb = PaletteToRgb(colors[index]);
-      return u"#%1%2%3"_s.arg(rgb & 255, 2, 16, QChar(u'0'))
-          .arg(rgb >> 8 & 255, 2, 16, QChar(u'0'))
-          .arg(rgb >> 16 & 255, 2, 16, QChar(u'0'));
+    const Result<QList<int>> colors = ReadTitlePalette(path);
+    if (!colors) return Failure{colors.Error()};
+    const auto text = [&](int index) -> QString {
+      return u"#%1"_s.arg(DrawnColor(colors->at(index)), 6, 16, QChar(u'0'));
     };
     file.SetTextColors(text(1), text(2));
     return {};
