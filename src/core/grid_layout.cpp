@@ -58,8 +58,9 @@ GridLayoutRecord ParseGridLayout(const QString& text) {
 QStringList GridLayoutFaults(const QString& text, int menuHeight) {
   static const QRegularExpression form(u"^R-?\\d+C-?\\d+PX-?\\d+PY-?\\d+DX-?\\d+DY-?\\d+$"_s);
   if (!form.match(text).hasMatch()) {
-    return {u"A grid is written like R10C1PX100PY100DX300DY64 (rows, columns, first place, distances), not \"%1\"."_s.arg(
-        text)};
+    return {
+        u"A grid is written like R10C1PX100PY100DX300DY64 (rows, columns, first place, distances), not \"%1\"."_s.arg(
+            text)};
   }
   const GridLayoutRecord grid = ParseGridLayout(text);
   QStringList faults;

@@ -70,6 +70,32 @@ void Complete(const QList<SettingOverride>& changes, Settings& settings) {
   if (!settings.VideoNormPal) settings.BackButtonYpos = std::min(settings.BackButtonYpos, kLowestBackButtonNtsc);
 }
 
+void TakeCaptions(const ProjectNode& from, ProjectTree& tree) {
+  if (tree.Contains(from.Key())) tree.SetCaption(from.Key(), from.Caption());
+  for (const ProjectNode* node = from.FirstChild(); node; node = node->Next()) TakeCaptions(*node, tree);
+}
+
+/// A main menu without elements becomes as the settings would make it new: its highlights, and the nodes of a menu that
+/// moves. What the user has chosen for it stays.
+void FollowDefaults(Project& project) {
+  using namespace menu_node;
+  Project fresh(project.Settings);
+  AddDefaultProject(fresh);
+  ProjectTree& tree = project.Tree;
+  const auto key = [](Attribute attribute) { return MenuNodeKey(MainMenuKey(), attribute); };
+  for (const Attribute group : {HighLight, Activated}) TakeCaptions(*fresh.Tree.Find(key(group)), tree);
+
+  const bool wasAnimated = tree.Contains(key(Animations));
+  const bool isAnimated = project.Settings.AnimatedMainMenu;
+  if (isAnimated && !wasAnimated) tree.Add({key(Animations), Animations.Label.toString()}, key(Labels), Relation::Next);
+  if (!isAnimated && wasAnimated) tree.Remove(key(Animations));
+  const ProjectNode* loop = fresh.Tree.Find(key(BackgroundLoop));
+  if (isAnimated == wasAnimated || tree.Contains(key(BackgroundAudio)) || tree.Contains(key(BackgroundAnimation)))
+    return;
+  if (!loop) tree.Remove(key(BackgroundLoop));
+  if (loop && !tree.Contains(loop->Key())) tree.Add({loop->Key(), loop->Caption()}, key(Background), Relation::Child);
+}
+
 }  // namespace
 
 GivenSettings GivenForProjects(const QList<SettingOverride>& overrides) {
@@ -119,7 +145,8 @@ Status SetProjectSettings(Project& project, const QList<SettingOverride>& change
     SetSettingText(settings, row, SettingTextOf(row, change.value));
   }
   Complete(changes, settings);
-  if (MainMenuHasElements(project.Tree)) {
+  const bool hasElements = MainMenuHasElements(project.Tree);
+  if (hasElements) {
     if (const Status fits = CheckAgainstMenus(CarriedSettings(project), settings); !fits) return fits;
   }
   const bool changesIntro = Changes(changes, u"UseIntro"_s) || Changes(changes, u"IntroMovie"_s);
@@ -129,6 +156,7 @@ Status SetProjectSettings(Project& project, const QList<SettingOverride>& change
   Edit edit(project, u"Change settings"_s);
   project.Settings = settings;
   project.LoadedSettings.reset();  // all of these are the project's own
+  if (!hasElements) FollowDefaults(project);
   WriteIntro(project);
   CalculateTotalSize(project);
   edit.Commit();

@@ -22,10 +22,10 @@ Settings CarriedSettings(const Project& project);
 Status CheckProjectSetting(const QString& key);
 
 /// Changes settings that the project carries, as one edit, with what follows from them: the room of the Back button in
-/// NTSC, what a project without menus implies, the nodes of the intro. The values have the form of their settings, paths
-/// are DOS paths. Fails for a setting that no project carries, for a norm that does not fit the menus there are, for a
-/// mode that they need (animated menus, advanced mode), and for settings that do not go together (messages 267, 268, 269
-/// and 271); the project is then as it was.
+/// NTSC, what a project without menus implies, the nodes of the intro, the defaults of a main menu without elements.
+/// The values have the form of their settings, paths are DOS paths. Fails for a setting that no project carries, for a
+/// norm that does not fit the menus there are, for a mode that they need (animated menus, advanced mode), and for
+/// settings that do not go together (messages 267, 268, 269 and 271); the project is then as it was.
 Status SetProjectSettings(Project& project, const QList<SettingOverride>& changes);
 
 }  // namespace torvane

@@ -78,11 +78,13 @@ Status CheckForm(const SettingRow& row, const QString& text) {
     }
     case SettingForm::SubtitleFormat:
       if (text.count(u'/') + 1 == kSubtitleFields) return {};
-      return Failure{u"%1 takes nine fields such as ISO-8859-1/28.0/arial.ttf/center/bottom/60/60/30/30, not \"%2\"."_s.arg(
-          row.key, text)};
+      return Failure{
+          u"%1 takes nine fields such as ISO-8859-1/28.0/arial.ttf/center/bottom/60/60/30/30, not \"%2\"."_s.arg(
+              row.key, text)};
     case SettingForm::VolumeName:
       if (Matches(text, u"[A-Z0-9_]{1,30}"_s)) return {};
-      return Failure{u"%1 takes a name of at most 30 capitals, digits and underscores, not \"%2\"."_s.arg(row.key, text)};
+      return Failure{
+          u"%1 takes a name of at most 30 capitals, digits and underscores, not \"%2\"."_s.arg(row.key, text)};
   }
   return {};
 }

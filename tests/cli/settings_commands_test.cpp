@@ -96,13 +96,18 @@ TEST_F(SettingsCommandsTest, WhatAProjectCarriesIsShownAndChanged) {
   ASSERT_EQ(Run(uR"(settings project C:\p.tvn get BackButtonYpos)"_s), kExitDone);
   EXPECT_EQ(out_, u"450\n"_s) << "a Back button stays inside an NTSC menu";
 
-  ASSERT_EQ(Run(uR"(settings project C:\p.tvn set AdvancedMode=1 UseIntro=0)"_s), kExitDone);
+  ASSERT_EQ(Run(uR"(settings project C:\p.tvn set AdvancedMode=1 UseIntro=0 DefButtomType=1 AnimatedMainMenu=1)"_s),
+            kExitDone);
+  ASSERT_EQ(Run(uR"(--set AdvancedMode=1 --set DefButtomType=1 --set AnimatedMainMenu=1 new C:\new)"_s), kExitDone);
+  for (const QString& key : {u"MMH"_s, u"MMS"_s, u"MMBGLoop"_s}) {
+    EXPECT_EQ(Captions(uR"(C:\p.tvn)"_s, key), Captions(uR"(C:\new.tvn)"_s, key)) << "as a new project has it";
+  }
   ASSERT_EQ(Run(uR"(add-label C:\p.tvn Sea)"_s), kExitDone);
   const QByteArray before = *HostFiles::Read(uR"(C:\p.tvn)"_s);
   for (const auto& [change, reason] : std::initializer_list<std::pair<QString, QString>>{
            {u"VideoNormPal=1"_s,
             u"VideoNormPal stays as it is, since the main menu holds elements placed for the present norm."_s},
-           {u"NoMenus=1"_s, u"AdvancedMode stays 1, since the main menu holds elements already."_s},
+           {u"NoMenus=1"_s, u"AnimatedMainMenu stays 1, since the main menu holds elements already."_s},
            {u"DefTextAlign=1 DefMenuRatio=1 Def169Mode=1"_s,
             u"For dvdauthor only Letterbox is implemented for 16:9 menus! Please change"_s},
            {uR"(UseIntro=1 IntroMovie=C:\no.m2v)"_s, uR"(UseIntro needs an intro: there is no film "C:\no.m2v".)"_s}}) {
