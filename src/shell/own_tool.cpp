@@ -1,5 +1,6 @@
 #include "shell/own_tool.h"
 
+#include "platform/generated_file.h"
 #include "shell/builtin_commands.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -7,7 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 
 QString UnfinishedName(const QString& hostPath) {
-  return hostPath + u".part"_s;
+  return hostPath + kUnfinishedEnding;
 }
 
 int RunOwnTool(const OwnTool& tool, const QString& name, const QStringList& arguments) {

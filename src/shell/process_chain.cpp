@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace torvane {
@@ -208,10 +209,6 @@ void Await(std::vector<Running>& running, QList<ProcessEnd>& ends, const sigset_
 }
 
 }  // namespace
-
-OwnedFd::~OwnedFd() {
-  if (fd_ >= 0) close(fd_);
-}
 
 PipeEnds MakePipe() {
   std::array<int, 2> ends{-1, -1};

@@ -6,7 +6,8 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <utility>
+
+#include "platform/owned_fd.h"
 
 namespace torvane {
 
@@ -15,25 +16,6 @@ struct Streams {
   int in = 0;
   int out = 1;
   int err = 2;
-};
-
-/// A file descriptor that is closed with its owner.
-class OwnedFd {
- public:
-  OwnedFd() = default;
-  explicit OwnedFd(int fd) : fd_(fd) {}
-  OwnedFd(OwnedFd&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-  OwnedFd& operator=(OwnedFd&& other) noexcept {
-    std::swap(fd_, other.fd_);
-    return *this;
-  }
-  ~OwnedFd();
-
-  int Get() const { return fd_; }
-  explicit operator bool() const { return fd_ >= 0; }
-
- private:
-  int fd_ = -1;
 };
 
 /// Two ends of a new pipe, closed in programs that are started later; both empty when the system gives none.
