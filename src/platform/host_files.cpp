@@ -1,5 +1,7 @@
 #include "platform/host_files.h"
 
+#include <fcntl.h>
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -7,8 +9,13 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
+
+#include "platform/generated_file.h"
+#include "platform/owned_fd.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -160,11 +167,11 @@ Status HostFiles::WriteAtomically(const QString& dosPath, const QByteArray& cont
 }
 
 Status HostFiles::Append(const QString& dosPath, const QByteArray& content) {
-  QFile file(ToHost(dosPath));
-  if (!file.open(QIODevice::Append) || file.write(content) != content.size() || !file.flush()) {
-    return Failure{HostReason(file.fileName(), file.errorString())};
-  }
-  return {};
+  const QString path = ToHost(dosPath);
+  const OwnedFd file(open(QFile::encodeName(path).constData(),
+                          O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666));
+  if (file && WriteAllTo(file.Get(), content)) return {};
+  return Failure{HostReason(path, QString::fromLocal8Bit(std::strerror(errno)))};
 }
 
 bool HostFiles::MakeDir(const QString& dosPath) {

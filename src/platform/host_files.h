@@ -57,7 +57,7 @@ class HostFiles {
   /// file stands as it was and nothing else is left.
   static Status WriteAtomically(const QString& dosPath, const QByteArray& content);
 
-  /// Adds to the end of a file, which is made when it does not exist.
+  /// Adds to the end of a file, which is made when it does not exist. A link is refused.
   static Status Append(const QString& dosPath, const QByteArray& content);
 
   /// Makes a directory and its parents. True when it exists afterwards.

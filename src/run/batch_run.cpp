@@ -8,6 +8,7 @@
 
 #include "platform/host_files.h"
 #include "run/source_guard.h"
+#include "run/temp_files.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -194,7 +195,7 @@ void BatchRun::CloseRun() {
   const bool logged = !logFailed_ && runLog_.Finish(transcript_.ConsoleText());
   if (request_.AutoDelete) {
     const QStringList kept = request_.protectedFiles + QStringList{runLog_.File(), request_.TVNLogFile};
-    CleanTempDir(request_.TempDir, SourceGuard(kept));
+    TempFiles(request_.TempDir).Clean(SourceGuard(kept));
   }
   if (!logged && !logFailed_) {
     // Cleaning may have made the room that was missing.
@@ -208,10 +209,11 @@ void BatchRun::CloseRun() {
   listener_.Finished(Outcome());
 }
 
-/// A log that cannot be written is skipped: it is the user's own diary, and the run is over.
+/// A log that cannot be written is skipped with a word: it is the user's own diary, and the run is over.
 void BatchRun::AppendToProjectLog() {
   const QString entry = u"\r\n\r\n%1Time: %2  BatchRun Log %3\r\n\r\n"_s;
-  (void)HostFiles::Append(request_.TVNLogFile, entry.arg(request_.LogText, Now(), Verdict()).toUtf8());
+  const Status added = HostFiles::Append(request_.TVNLogFile, entry.arg(request_.LogText, Now(), Verdict()).toUtf8());
+  if (!added) transcript_.AddShown(u"Nothing was added to the log of all runs: %1\r\n"_s.arg(added.Error()));
 }
 
 QString BatchRun::Verdict() const {

@@ -22,7 +22,7 @@ struct RunRequest {
   int Engine = 0;                         ///< 0 dvdauthor, 1 MuxMan
   QString TempDir;                        ///< where all batches run
   QString OutDir;                         ///< where TorvaneAuthor.log and the tools' own logs lie
-  bool AutoDelete = false;                ///< clean TempDir at the end, whatever the outcome
+  bool AutoDelete = false;                ///< clean TempDir of our own files at the end, whatever the outcome
   bool KeepLogFile = false;               ///< add LogText and a closing line to TVNLogFile
   QString TVNLogFile;
   QString LogText;

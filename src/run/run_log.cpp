@@ -8,7 +8,9 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/generated_file.h"
 #include "platform/host_files.h"
+#include "platform/owned_fd.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,23 +19,17 @@ namespace {
 
 constexpr off_t kRoom = 1048576;
 
-/// Overwrites a file in the room it has, which deleting it first would give away.
+/// Overwrites a file in the room it has, which deleting it first would give away. A link is refused.
 Status Overwrite(const QString& dosPath, const QByteArray& content, off_t room) {
   const QString path = HostFiles::ToHost(dosPath);
   const auto failure = [&] { return Failure{u"%1: %2"_s.arg(path, QString::fromLocal8Bit(std::strerror(errno)))}; };
-  const int file = open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-  if (file < 0) return failure();
-  qsizetype written = 0;
-  while (written < content.size()) {
-    const ssize_t count = write(file, content.constData() + written, static_cast<size_t>(content.size() - written));
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
-    written += count;
-  }
-  Status status = written == content.size() ? Status{} : Status{failure()};
-  if (ftruncate(file, written) != 0 && status) status = failure();
-  if (room > 0) (void)fallocate(file, FALLOC_FL_KEEP_SIZE, 0, room);
-  if (close(file) != 0 && status) status = failure();
+  OwnedFd file(open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0666));
+  if (!file) return failure();
+  Status status = WriteAllTo(file.Get(), content) ? Status{} : Status{failure()};
+  const off_t written = lseek(file.Get(), 0, SEEK_CUR);
+  if (ftruncate(file.Get(), written) != 0 && status) status = failure();
+  if (room > 0) (void)fallocate(file.Get(), FALLOC_FL_KEEP_SIZE, 0, room);
+  if (close(file.Release()) != 0 && status) status = failure();
   return status;
 }
 
@@ -42,6 +38,7 @@ Status Overwrite(const QString& dosPath, const QByteArray& content, off_t room) 
 RunLog::RunLog(QString file) : file_(std::move(file)) {}
 
 Status RunLog::Start(const QString& line) const {
+  HostFiles::RemoveFile(file_);  // a link in its place goes itself, and so does a second name of another file
   return Overwrite(file_, line.toUtf8() + "\r\n", kRoom);
 }
 

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <csignal>
 
 #include "platform/host_files.h"
 #include "run/console_capture.h"
 #include "run/interrupt_watch.h"
+#include "run/temp_files.h"
 #include "support/drive_c.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -255,21 +257,29 @@ TEST_F(BatchRunTest, ClosingBetweenTheLastStepAndTheClosingWorkDoesThatWork) {
 
 TEST_F(BatchRunTest, CleansUpWhateverTheOutcomeButNeverASource) {
   for (const bool fails : {false, true}) {
-    for (const QString& file : {u"Author.xml"_s, u"a.bat"_s, u"source.mpg"_s}) Make(u"C:\\T\\"_s + file);
-    for (const QString& folder : {u"TempSub.d"_s, u"TempAudioMpg"_s, u"mine"_s}) {
-      HostFiles::MakeDir(u"C:\\T\\"_s + folder);
-      Make(u"C:\\T\\"_s + folder + u"\\file"_s);
-    }
+    ASSERT_TRUE(TempFiles(u"C:\\T"_s).Note({u"Author.xml"_s, u"a.bat"_s, u"source.mpg"_s, u"TorvaneAuthor.log"_s}));
+    for (const QString& file : {u"Author.xml"_s, u"a.bat"_s, u"source.mpg"_s, u"mine.mpg"_s}) Make(u"C:\\T\\"_s + file);
     console_.plays[u"cmd /k a.bat"_s] = {{fails ? u"*ERROR\r\n"_s : u"fine\r\n"_s}, {}};
     RunRequest request = Request({u"a.bat"_s});
     request.AutoDelete = true;
     request.OutDir = u"C:\\T"_s;
     request.protectedFiles = {u"c:\\t\\SOURCE.mpg"_s};
     EXPECT_EQ(Run(request), fails ? RunOutcome::Failed : RunOutcome::Finished);
-    EXPECT_EQ(HostFiles::FileNames(u"C:\\T"_s), (QStringList{u"TorvaneAuthor.log"_s, u"source.mpg"_s}));
-    EXPECT_EQ(HostFiles::DirNames(u"C:\\T"_s), QStringList{u"mine"_s});
-    EXPECT_EQ(HostFiles::FileNames(u"C:\\T\\mine"_s), QStringList{u"file"_s});
+    EXPECT_EQ(HostFiles::FileNames(u"C:\\T"_s).join(u' '), u".torvane-files TorvaneAuthor.log mine.mpg source.mpg");
   }
+}
+
+TEST_F(BatchRunTest, NoLogIsWrittenThroughALink) {
+  Make(u"C:\\mine"_s);
+  ASSERT_TRUE(QFile::link(drive_.Host(u"mine"_s), drive_.Host(u"O/TorvaneAuthor.log"_s)));
+  ASSERT_TRUE(QFile::link(drive_.Host(u"mine"_s), drive_.Host(u"O/all.log"_s)));
+  RunRequest request = Request({u"a.bat"_s});
+  request.KeepLogFile = true;
+  request.TVNLogFile = u"C:\\O\\all.log"_s;
+  EXPECT_EQ(Run(request), RunOutcome::Finished);
+  EXPECT_EQ(Log(u"C:\\mine"_s), "x");
+  EXPECT_TRUE(Log().contains("Time: 2024"));
+  EXPECT_TRUE(recorder_.shown.contains(u"/O/all.log: ")) << recorder_.shown.toStdString();
 }
 
 TEST_F(BatchRunTest, TakesTheLogsOfMuxManAndImgBurn) {

@@ -38,20 +38,5 @@ TEST_F(SourceGuardTest, NamesTheSourcesThatCleaningWouldDelete) {
   EXPECT_EQ(CheckSourcesOutsideTemp(safe + inDanger, u"C:\\FILMS\\..\\t\\"_s), inDanger);
 }
 
-TEST_F(SourceGuardTest, CleaningLeavesSourcesOtherFoldersAndWhatLiesBehindLinks) {
-  Make({u"C:\\T\\Author.xml"_s, u"C:\\T\\film.mpg"_s, u"C:\\T\\.hidden"_s, u"C:\\T\\TempSub.d\\s.png"_s,
-        u"C:\\T\\mine\\keep.txt"_s, u"C:\\Films\\d.mpg"_s});
-  ASSERT_TRUE(HostFiles::RemoveDir(u"C:\\T\\TempAudioMpg"_s));
-  Link(u"Films"_s, u"T/TempAudioMpg"_s);
-  QFile tricky(drive_.Path() + u"/T/mine\\keep.txt"_s);
-  ASSERT_TRUE(tricky.open(QIODevice::WriteOnly));
-
-  CleanTempDir(u"C:\\T"_s, SourceGuard({u"c:\\t\\FILM.mpg"_s}));
-  EXPECT_EQ(HostFiles::FileNames(u"C:\\T"_s), (QStringList{u".hidden"_s, u"film.mpg"_s, u"mine\\keep.txt"_s}));
-  EXPECT_EQ(HostFiles::DirNames(u"C:\\T"_s), (QStringList{u"TempAudioMpg"_s, u"mine"_s}));
-  EXPECT_EQ(HostFiles::FileNames(u"C:\\T\\mine"_s), QStringList{u"keep.txt"_s});
-  EXPECT_EQ(HostFiles::FileNames(u"C:\\Films"_s), QStringList{u"d.mpg"_s});
-}
-
 }  // namespace
 }  // namespace torvane
