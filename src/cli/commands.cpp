@@ -12,8 +12,10 @@
 #include "cli/settings_commands.h"
 #include "cli/tree_text.h"
 #include "compilers/disc_checks.h"
+#include "compilers/disc_keeper.h"
 #include "compilers/menu_files.h"
 #include "compilers/pipeline.h"
+#include "compilers/run_place.h"
 #include "core/default_project.h"
 #include "core/program.h"
 #include "core/project_file.h"
@@ -37,7 +39,7 @@ class Session {
 
   int Run() {
     if (line_.command == u"new") return New();
-    if (line_.command == u"run") return RunBatches({.BatchList = line_.arguments});
+    if (line_.command == u"run") return RunGiven();
     const bool ofSettings = line_.command == u"settings";
     const QString& file = line_.arguments[ofSettings ? 1 : 0];
     if (!LoadProject(project_, HostFiles::FromUser(file), prompter_)) return kExitFailed;
@@ -85,8 +87,9 @@ class Session {
   }
 
   int Compile() {
+    const std::optional<FolderLock> place = TakeRunPlace(project_.Settings, prompter_);
     CreateDvdPipeline pipeline(project_, prompter_);
-    if (!IsReady(pipeline.PrepareCreateBatch())) return kExitFailed;
+    if (!place || !IsReady(pipeline.PrepareCreateBatch())) return kExitFailed;
     const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::WriteOnly);
     if (!plan) return kExitFailed;
     PrintOut(plan->BatchList.join(u'\n') + u'\n');
@@ -94,15 +97,33 @@ class Session {
   }
 
   int Build() {
+    const std::optional<FolderLock> place = TakeRunPlace(project_.Settings, prompter_);
     CreateDvdPipeline pipeline(project_, prompter_);
-    if (!IsReady(pipeline.PrepareCreateDvd())) return kExitFailed;
+    if (!place || !IsReady(pipeline.PrepareCreateDvd())) return kExitFailed;
     const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::Run);
-    return plan ? RunBatches(*plan) : kExitFailed;
+    if (!plan) return kExitFailed;
+    DiscKeeper keeper(project_.Settings, plan->Titlesets);
+    if (const Status begun = keeper.Begin(plan->Former); !begun) {
+      prompter_.Fail(u"The former disc cannot be set aside: %1"_s.arg(begun.Error()));
+      return kExitFailed;
+    }
+    return RunBatches(*plan, &keeper);
   }
 
   int Check() {
+    const std::optional<FolderLock> place = TakeRunPlace(project_.Settings, prompter_);
+    if (!place) return kExitFailed;
     const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck();
-    return plan ? RunBatches(*plan) : kExitFailed;
+    return plan ? RunBatches(*plan, nullptr) : kExitFailed;
+  }
+
+  int RunGiven() {
+    const std::optional<FolderLock> place = TakeRunPlace(project_.Settings, prompter_);
+    const std::optional<RunPlan> plan =
+        place ? PlanGivenBatches(line_.arguments, project_.Settings, prompter_) : std::nullopt;
+    if (!plan) return kExitFailed;
+    DiscKeeper keeper(project_.Settings, std::nullopt);
+    return RunBatches(*plan, &keeper);
   }
 
   int Compose();
@@ -114,30 +135,27 @@ class Session {
     return readiness == Readiness::Ready;
   }
 
-  int RunBatches(const RunPlan& plan) {
+  int RunBatches(const RunPlan& plan, DiscKeeper* keeper) {
     const Settings& settings = project_.Settings;
-    for (const QString& batch : plan.BatchList) {
-      const QString path = settings.TempDir + u'\\' + batch;
-      if (HostFiles::FileExists(path)) continue;
-      prompter_.Fail(u"There is no batch file "_s + path);
-      return kExitFailed;
-    }
     RunRequest request{.BatchList = plan.BatchList,
                        .RunMode = plan.RunMode,
                        .Engine = settings.Engine,
                        .TempDir = settings.TempDir,
                        .OutDir = settings.OutDir,
-                       .AutoDelete = settings.AutoDelete,
+                       .AutoDelete = plan.AutoDelete,
                        .KeepLogFile = settings.KeepLogFile,
                        .TVNLogFile = settings.TVNLogFile,
                        .LogText = plan.LogText,
                        .UseImgBurn = settings.UseImgBurn,
+                       .keeper = keeper,
                        .protectedFiles = ProjectFiles(project_) << IsoFile(settings)};
     ConsoleCapture console;
     ConsoleView view;
     BatchRun run(std::move(request), console, view);
     view.Follow(run);
-    return run.RunToEnd() == RunOutcome::Finished ? kExitDone : kExitFailed;
+    const bool finished = run.RunToEnd() == RunOutcome::Finished;
+    for (const QString& sentence : keeper && !finished ? keeper->Summary() : QStringList()) prompter_.Inform(sentence);
+    return finished ? kExitDone : kExitFailed;
   }
 
   const CommandLine& line_;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "compilers/audio_titleset.h"
+#include "compilers/disc_look.h"
 #include "compilers/plan_check.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
@@ -13,6 +14,7 @@
 #include "core/size_bar.h"
 #include "core/text.h"
 #include "platform/host_files.h"
+#include "platform/real_place.h"
 #include "run/source_guard.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,7 +23,6 @@ namespace torvane {
 namespace {
 
 constexpr qsizetype kMostMenuNames = 10;
-constexpr int kMostDeletions = 10000;
 
 bool Agrees(const QString& text, const QString& title, BoxKind kind, Prompter& prompter) {
   return prompter.Show({.kind = kind, .buttons = BoxButtons::OkCancel, .text = text, .title = title}) == Answer::Ok;
@@ -37,20 +38,6 @@ bool LoopsWithoutMotion(const MenuView& menu) {
   return menu.Flag(menu_node::BackgroundLoop) && buttons && buttons->ChildCount() > 0 && !onlyBack &&
          !menu.Has(menu_node::BackgroundAudio) && !menu.Has(menu_node::BackgroundAnimation) &&
          !(animations && animations->ChildCount() > 0) && !menu.HasTransition();
-}
-
-// ---- Deleting the old disc ----
-
-void RemoveTree(const QString& dir) {
-  for (const QString& name : HostFiles::FileNames(dir)) HostFiles::RemoveFile(dir + u'\\' + name);
-  for (const QString& name : HostFiles::DirNames(dir)) RemoveTree(dir + u'\\' + name);
-  HostFiles::RemoveDir(dir);
-}
-
-/// Refuses to work on anything that is not plainly the folder of a disc.
-void EmptyVideoTsFolder(const QString& dir) {
-  if (dir.size() < 5 || !dir.contains(u"VIDEO_TS")) return;
-  RemoveTree(dir);
 }
 
 // ---- Free space ----
@@ -77,6 +64,17 @@ qint64 ExtraMB(const Project& project) {
   return qint64(RoundHalfEven(extra));
 }
 
+/// Megabytes of the former disc and image on the file system that holds a path.
+qint64 FormerMB(const Settings& settings, const QString& path) {
+  const quint64 device = PlaceOf(path).device;
+  qint64 bytes = 0;
+  const QString disc = VideoTsDir(settings);
+  if (!IsLink(disc) && PlaceOf(disc).device == device) bytes += TreeSize(disc);
+  const QString image = IsoFile(settings);
+  if (settings.CreateISO && PlaceOfName(image).device == device) bytes += HostFiles::FileSizeOf(image).value_or(0);
+  return bytes / 1048576;
+}
+
 /// One test of the free space: asked of the drive of `path`, failing below `limit`; the box names `needed`.
 struct SpaceTest {
   bool applies;
@@ -85,10 +83,32 @@ struct SpaceTest {
   qint64 needed;
 };
 
-bool PassSpaceTest(const SpaceTest& test, Prompter& prompter) {
+/// Offers to delete the former disc where that makes room enough.
+bool GivesUpFormer(const SpaceTest& test, qint64 free, qint64 former, Prompter& prompter) {
+  const QString text =
+      u"The drive of %1 is too small for the new disc beside the former one: %2 MB are needed, %3 MB are free, and the "
+      u"former disc and image take %4 MB. Delete them before the new ones are made? Otherwise they stay until the new "
+      u"ones are whole."_s.arg(HostFiles::ToHost(test.path))
+          .arg(test.needed)
+          .arg(free)
+          .arg(former);
+  return prompter.Show(
+             {.kind = BoxKind::Question, .buttons = BoxButtons::YesNo, .text = text, .preselected = Answer::No}) ==
+         Answer::Yes;
+}
+
+bool PassSpaceTest(const SpaceTest& test, const Settings& settings, FormerFate& fate, Prompter& prompter) {
   if (!test.applies) return true;
-  const std::optional<qint64> free = HostFiles::DriveFreeMB(test.path);
+  std::optional<qint64> free = HostFiles::DriveFreeMB(test.path);
   if (!free || *free >= test.limit) return true;
+  const qint64 former = FormerMB(settings, test.path);
+  if (former > 0 && *free + former >= test.limit) {
+    if (fate == FormerFate::DeletedFirst) return true;
+    if (GivesUpFormer(test, *free, former, prompter)) {
+      fate = FormerFate::DeletedFirst;
+      return true;
+    }
+  }
   const QString drive = test.path.left(1).toUpper() + u':';
   const QString text = GetMessage(481, {{u"|1", drive}}) + u"\r\n" +
                        GetMessage(482, {{u"|1", QString::number(test.needed)}, {u"|2", QString::number(*free)}});
@@ -149,34 +169,25 @@ bool CheckLoopingMenus(const Project& project, Prompter& prompter) {
                         .preselected = Answer::No}) == Answer::Yes;
 }
 
-bool ClearVideoTs(const Project& project, OldDisc how, Prompter& prompter) {
-  const QString dir = VideoTsDir(project.Settings);
-  if (HostFiles::FileNames(dir).isEmpty()) return true;
-  if (!Agrees(GetMessage(129) + GetMessage(130), GetMessage(131), BoxKind::Question, prompter)) return false;
-  if (how == OldDisc::RemoveTree) {
-    EmptyVideoTsFolder(dir);
-    HostFiles::MakeDir(dir);
-    return true;
-  }
-  int rounds = 0;
-  for (const QString& name : HostFiles::FileNames(dir)) {
-    if (++rounds > kMostDeletions) break;
-    HostFiles::RemoveFile(dir + u'\\' + name);
-  }
-  return true;
+bool AgreesToReplaceDisc(const Project& project, Prompter& prompter) {
+  if (HostFiles::FileNames(VideoTsDir(project.Settings)).isEmpty()) return true;
+  return Agrees(GetMessage(129) + GetMessage(130), GetMessage(131), BoxKind::Question, prompter);
 }
 
-bool ClearOldIso(const Project& project, Prompter& prompter) {
+bool AgreesToReplaceImage(const Project& project, Prompter& prompter) {
   const QString iso = IsoFile(project.Settings);
-  if (!project.Settings.CreateISO || !HostFiles::FileExists(iso)) return true;
-  const QString text = GetMessage(194, {{u"|1", iso}, {u"|2", u"\r\n"_s}});
-  if (!Agrees(text, {}, BoxKind::Question, prompter)) return false;
-  if (HostFiles::RemoveFile(iso)) return true;
-  prompter.Fail(GetMessage(157));
-  return false;
+  if (!project.Settings.CreateISO || !NameExists(iso)) return true;
+  return Agrees(GetMessage(194, {{u"|1", iso}, {u"|2", u"\r\n"_s}}), {}, BoxKind::Question, prompter);
 }
 
-bool CheckFreeSpace(const Project& project, Prompter& prompter) {
+void TellOfFormerDisc(const Project& project, Prompter& prompter) {
+  const QString dir = VideoTsDir(project.Settings);
+  if (HostFiles::FileNames(dir).isEmpty()) return;
+  prompter.Inform(u"The folder %1 holds a former disc, which stays there. Please move or delete it before you run the "
+                  u"batches."_s.arg(HostFiles::ToHost(dir)));
+}
+
+std::optional<FormerFate> CheckFreeSpace(const Project& project, Prompter& prompter) {
   const Settings& settings = project.Settings;
   const qint64 total = TotalSizeMB(project);
   const qint64 extra = ExtraMB(project);
@@ -194,8 +205,11 @@ bool CheckFreeSpace(const Project& project, Prompter& prompter) {
       {true, settings.TempDir, extra + 50, extra},
       {true, settings.OutDir, total + 50, total},
   };
-  return std::all_of(std::begin(tests), std::end(tests),
-                     [&prompter](const SpaceTest& test) { return PassSpaceTest(test, prompter); });
+  FormerFate fate = FormerFate::SetAside;
+  for (const SpaceTest& test : tests) {
+    if (!PassSpaceTest(test, settings, fate, prompter)) return std::nullopt;
+  }
+  return fate;
 }
 
 bool CheckSourcesSafe(const Project& project, Prompter& prompter) {
@@ -209,10 +223,9 @@ bool CheckSourcesSafe(const Project& project, Prompter& prompter) {
                     u"directory:";
     findings += inTemp;
   }
-  const QString discDir = HostFiles::ToHost(VideoTsDir(settings)) + u'/';
   QStringList inDisc;
   for (const QString& file : files) {
-    if (HostFiles::ToHost(file).startsWith(discDir) && HostFiles::FileExists(file)) inDisc << file;
+    if (LiesWithin(file, VideoTsDir(settings)) && HostFiles::FileExists(file)) inDisc << file;
   }
   if (!inDisc.isEmpty()) {
     findings << u"These files of the project lie in the folder of the disc that is to be replaced. Please move them "

@@ -2,7 +2,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
+#include "compilers/former_disc.h"
 #include "core/finding.h"
 #include "core/project.h"
 #include "core/prompter.h"
@@ -18,20 +20,18 @@ bool CheckIntro(const Project& project, Prompter& prompter);
 /// Menus that loop without anything that moves make highlights behave strangely: asks whether to go on.
 bool CheckLoopingMenus(const Project& project, Prompter& prompter);
 
-/// What happens to a VIDEO_TS folder that holds files, once the user agrees.
-enum class OldDisc {
-  RemoveTree,   ///< the folder is emptied with all below it and made anew
-  RemoveFiles,  ///< its files go, one by one
-};
+/// Asks before an old disc is replaced. Nothing is asked when the folder holds no file.
+bool AgreesToReplaceDisc(const Project& project, Prompter& prompter);
 
-/// Asks before an old disc is deleted and deletes it. Nothing is asked when the folder holds no file.
-bool ClearVideoTs(const Project& project, OldDisc how, Prompter& prompter);
+/// Asks before an ISO image of the same name is overwritten.
+bool AgreesToReplaceImage(const Project& project, Prompter& prompter);
 
-/// Asks before an ISO image of the same name is overwritten, and deletes it.
-bool ClearOldIso(const Project& project, Prompter& prompter);
+/// Says that the former disc stays where it is, when there is one.
+void TellOfFormerDisc(const Project& project, Prompter& prompter);
 
-/// Asks to go on for each drive that has not enough free space.
-bool CheckFreeSpace(const Project& project, Prompter& prompter);
+/// Asks to go on for each drive that has not enough free space beside the former disc and image, and offers to delete
+/// these first where that helps. Answers with what is to become of them; nothing when the user stops.
+std::optional<FormerFate> CheckFreeSpace(const Project& project, Prompter& prompter);
 
 /// No source of the project lies where the run erases temporary files by wildcard, or in the folder of the old disc.
 /// Nothing is asked: such a run is refused, with the names.

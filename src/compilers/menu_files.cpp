@@ -15,6 +15,14 @@ Status WriteMenuFiles(const ComposedMenu& menu, const QString& dir) {
   return written;
 }
 
+QStringList MenuFileNames(const ComposedMenu& menu) {
+  QStringList names;
+  for (const MenuPicture& picture : menu.Pictures) names << menu.MenuKey + picture.Suffix;
+  if (!menu.SpuXml.isEmpty()) names << menu.MenuKey + u"Spu.xml";
+  if (!menu.SpuLXml.isEmpty()) names << menu.MenuKey + u"SpuL.xml";
+  return names;
+}
+
 QString ButtonRulesText(const MenuView& menu) {
   return GetMessage(155) + u"\r\n" + menu.Name() + u" (" + menu.Key() + u')';
 }

@@ -11,6 +11,9 @@ namespace torvane {
 /// each whole or not at all. Stops at the first that cannot be written.
 Status WriteMenuFiles(const ComposedMenu& menu, const QString& dir);
 
+/// The names of these files.
+QStringList MenuFileNames(const ComposedMenu& menu);
+
 /// Message 155 with the name of the menu whose buttons break the rules.
 QString ButtonRulesText(const MenuView& menu);
 

@@ -8,14 +8,16 @@
 #include "compilers/disc_checks.h"
 #include "compilers/menu_files.h"
 #include "compilers/plan_check.h"
+#include "compilers/temp_claim.h"
 #include "compilers/temporary_names.h"
 #include "compilers/written_values.h"
 #include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"
-#include "platform/generated_file.h"
+#include "platform/host_files.h"
 #include "render/audio_slide.h"
 #include "render/menu_encoding.h"
+#include "run/batch_outputs.h"
 #include "run/source_guard.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -47,14 +49,20 @@ bool CreateDvdPipeline::IsSupported(PlanUse use) {
   return false;
 }
 
+bool CreateDvdPipeline::AgreesToReplaceFormer() {
+  if (!AgreesToReplaceDisc(project_, prompter_) || !AgreesToReplaceImage(project_, prompter_)) return false;
+  const std::optional<FormerFate> fate = CheckFreeSpace(project_, prompter_);
+  former_ = fate.value_or(FormerFate::SetAside);
+  return fate.has_value();
+}
+
 Readiness CreateDvdPipeline::PrepareCreateDvd() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const Settings& settings = project_.Settings;
   const bool ready = IsSupported(PlanUse::Run) && CheckIntro(project_, prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
                      CheckWrittenValues(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
-                     CheckSourcesSafe(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveTree, prompter_) &&
-                     ClearOldIso(project_, prompter_) && CheckFreeSpace(project_, prompter_);
+                     CheckSourcesSafe(project_, prompter_) && AgreesToReplaceFormer();
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 
@@ -62,40 +70,88 @@ Readiness CreateDvdPipeline::PrepareCreateBatch() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const bool ready = IsSupported(PlanUse::WriteOnly) && CheckIntro(project_, prompter_) &&
                      (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckWrittenValues(project_, prompter_) && ClearVideoTs(project_, OldDisc::RemoveFiles, prompter_);
+                     CheckWrittenValues(project_, prompter_);
+  if (ready) TellOfFormerDisc(project_, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 
 std::optional<RunPlan> CreateDvdPipeline::BuildProject(BatchUse use) {
   const Settings& settings = project_.Settings;
-  batchList_.clear();
-  const bool written = WriteVideoFiles() && CompileMenus() &&
-                       WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::Run)) &&
-                       AddBatch(kAuthorBatch.toString(), AuthorBatch(values_)) && WriteIsoBatch(use);
+  inForce_ = settings;
+  const VideoBatch video = WriteVideoBatch(project_, values_);
+  const QByteArray author = AuthorXml(AuthorMode::Run);
+  plan_ = {.LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString(),
+           .Former = former_,
+           .Titlesets = int(author.count("\r\n<titleset>\r\n"))};
+  OpenTemp(video.batch);
+  const std::vector<PlannedBatch> batches = PlanBatches(use, video.batch);
+  const QStringList menus = DiscMenuKeys(project_);
+  const bool written = AllValuesPassed() && Claim(batches) && HasTools(batches, use) && WriteVideoFiles(video) &&
+                       std::ranges::all_of(menus, [this](const QString& key) { return CompileMenu(key); }) &&
+                       (!NeedsEmptyMenu(settings) || WriteEmptyMenuPicture()) && WriteTemp(u"Author.xml"_s, author) &&
+                       WriteBatches(batches);
   if (!written) return std::nullopt;
 
   if (use == BatchUse::WriteOnly) {
-    if (!WriteTemp(kMainBatch.toString(), MainBatch(batchList_, values_))) return std::nullopt;
+    if (!WriteTemp(kMainBatch.toString(), MainBatch(plan_.BatchList, values_))) return std::nullopt;
     prompter_.Inform(GetMessage(117));
-  } else if (!AddBatch(kEndBatch.toString(), EndBatch(values_))) {
-    return std::nullopt;
   }
-  return RunPlan{.BatchList = batchList_, .LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString()};
+  return plan_;
+}
+
+/// Reads what is ours. A former version has kept no list; what this project's run makes is then taken as its work.
+void CreateDvdPipeline::OpenTemp(const QByteArray& video) {
+  files_ = TempFiles(project_.Settings.TempDir);
+  if (!files_.IsFromFormerVersion()) return;
+  files_.Adopt(WrittenNames(project_));
+  for (const PlannedBatch& batch : DiscBatches(project_, video, values_)) {
+    files_.Adopt(OutputNames({batch.text}, project_.Settings.TempDir) << batch.name);
+  }
+}
+
+/// All batches of a run. What may be erased at its end depends on what lies in the temporary directory now.
+std::vector<PlannedBatch> CreateDvdPipeline::PlanBatches(BatchUse use, const QByteArray& video) {
+  std::vector<PlannedBatch> batches = DiscBatches(project_, video, values_);
+  if (use == BatchUse::Run) inForce_.AutoDelete = plan_.AutoDelete = CleansTemp(files_, inForce_, prompter_);
+  if (inForce_.CreateISO) batches.push_back({kIsoBatch.toString(), IsoBatch(IsoFile(inForce_), use, values_)});
+  if (use == BatchUse::Run) batches.push_back({kEndBatch.toString(), EndBatch(values_)});
+  return batches;
+}
+
+bool CreateDvdPipeline::Claim(const std::vector<PlannedBatch>& batches) {
+  QList<QByteArray> texts;
+  for (const PlannedBatch& batch : batches) texts << batch.text;
+  return ClaimOutputs(files_, texts, project_.Settings, ProjectFiles(project_), prompter_);
+}
+
+bool CreateDvdPipeline::HasTools(const std::vector<PlannedBatch>& batches, BatchUse use) {
+  QStringList programs;
+  for (const PlannedBatch& batch : batches) programs += ProgramsOf(batch.text);
+  programs.removeDuplicates();
+  const QStringList missing = toolCheck_(programs);
+  if (missing.isEmpty()) return true;
+  if (use == BatchUse::WriteOnly) {
+    prompter_.Warn(missing.join(u"\r\n"));
+    return true;
+  }
+  return RefusesNothing(missing, prompter_);
 }
 
 std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
-  if (project_.Settings.Engine != 0) {
+  const Settings& settings = project_.Settings;
+  if (settings.Engine != 0) {
     prompter_.Fail(GetMessage(53));
     return std::nullopt;
   }
   if (!IsSupported(PlanUse::SyntaxCheck) || !CheckWrittenValues(project_, prompter_)) return std::nullopt;
-  batchList_.clear();
-  const bool written = WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::SyntaxCheck)) &&
-                       AddBatch(kSyntaxBatch.toString(), SyntaxBatch(values_));
-  if (!written) return std::nullopt;
-  return RunPlan{.BatchList = batchList_,
-                 .RunMode = u"1"_s,
-                 .LogText = project_.Settings.KeepLogFile ? AuthorLogText(project_) : QString()};
+  inForce_ = settings;
+  plan_ = {.RunMode = u"1"_s, .LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString()};
+  OpenTemp(WriteVideoBatch(project_, values_).batch);
+  const std::vector<PlannedBatch> batches{{kSyntaxBatch.toString(), SyntaxBatch(values_)}};
+  plan_.AutoDelete = CleansTemp(files_, settings, prompter_);
+  const bool written = AllValuesPassed() && HasTools(batches, BatchUse::Run) &&
+                       WriteTemp(u"Author.xml"_s, AuthorXml(AuthorMode::SyntaxCheck)) && WriteBatches(batches);
+  return written ? std::optional(plan_) : std::nullopt;
 }
 
 QByteArray CreateDvdPipeline::AuthorXml(AuthorMode mode) {
@@ -103,22 +159,20 @@ QByteArray CreateDvdPipeline::AuthorXml(AuthorMode mode) {
                                        : WriteAuthorXmlTitlesets(project_, mode, values_);
 }
 
-bool CreateDvdPipeline::WriteVideoFiles() {
-  const VideoBatch video = WriteVideoBatch(project_, values_);
-  if (!AllValuesPassed()) return false;
+bool CreateDvdPipeline::WriteVideoFiles(const VideoBatch& video) {
   for (const GeneratedFile& palette : video.palettes) WritePaletteFile(palette);
   for (const GeneratedFile& file : video.controlFiles) {
-    if (!Succeeded(WriteGeneratedFile(file.path, file.content))) return false;
+    if (!WriteTemp(NameInTemp(file.path), file.content)) return false;
   }
   for (int i = 1; i <= project_.FilmCount; ++i) {
     if (FilmView(project_.Tree, i).IsAudioTitleSet() && !WriteAudioSlides(i)) return false;
   }
-  return AddBatch(kVideoBatch.toString(), video.batch);
+  return true;
 }
 
 void CreateDvdPipeline::WritePaletteFile(const GeneratedFile& palette) {
   errno = 0;
-  const Status written = WriteGeneratedFile(palette.path, palette.content);
+  const Status written = files_.Write(NameInTemp(palette.path), palette.content);
   const int number = errno;
   if (!written) prompter_.Warn(written.Error() + u"   " + QString::number(number));
 }
@@ -135,27 +189,10 @@ bool CreateDvdPipeline::WriteAudioSlides(int film) {
       prompter_.Fail(picture.Error());
       return false;
     }
-    if (!Succeeded(WriteGeneratedFile(path, *picture))) return false;
+    if (!WriteTemp(NameInTemp(path), *picture)) return false;
   }
   for (const QString& error : pictures.Errors()) prompter_.Warn(error);
   return true;
-}
-
-bool CreateDvdPipeline::CompileMenus() {
-  const Settings& settings = project_.Settings;
-  // Which PGCs pass on without being seen, and so need the empty menu, depends on the form of the control file.
-  if (settings.NoMenus) return settings.NoTitleSets || WriteEmptyBackgroundBatch();
-  if (!CompileMainMenus()) return false;
-  if ((settings.NoTitleSets || settings.UseIntro) && !WriteEmptyBackgroundBatch()) return false;
-  return settings.NoTitleSets || CompileTitlesetMenus();
-}
-
-bool CreateDvdPipeline::CompileMainMenus() { return CompileMenus(MainMenuKeys(project_)); }
-
-bool CreateDvdPipeline::CompileTitlesetMenus() { return CompileMenus(TitlesetMenuKeys(project_)); }
-
-bool CreateDvdPipeline::CompileMenus(const QStringList& keys) {
-  return std::ranges::all_of(keys, [this](const QString& key) { return CompileMenu(key); });
 }
 
 bool CreateDvdPipeline::CompileMenu(const QString& key) {
@@ -169,37 +206,34 @@ bool CreateDvdPipeline::CompileMenu(const QString& key) {
   for (const QString& error : composed->Errors) prompter_.Warn(error);
   if (!composed->ButtonsValid) {
     prompter_.Fail(ButtonRulesText(menu));
-    if (settings.AutoDelete) CleanTempDir(settings.TempDir, SourceGuard(ProjectFiles(project_)));
+    if (plan_.AutoDelete) files_.Clean(SourceGuard(ProjectFiles(project_)));
     return false;
   }
-  return RefusesNothing(composed->Refused, prompter_) && Succeeded(WriteMenuFiles(*composed, settings.TempDir)) &&
-         AddBatch(key + u"Brun1.bat", StillMenuBatch1(menu, values_)) &&
-         AddBatch(key + u"Brun2.bat", StillMenuBatch2(menu, values_));
+  return RefusesNothing(composed->Refused, prompter_) && Succeeded(files_.Claim(MenuFileNames(*composed))) &&
+         Succeeded(WriteMenuFiles(*composed, settings.TempDir));
 }
 
-bool CreateDvdPipeline::WriteEmptyBackgroundBatch() {
-  const Settings& settings = project_.Settings;
+bool CreateDvdPipeline::WriteEmptyMenuPicture() {
   const QString name = u"EmptyBackg.jpg"_s;
-  const Result<QByteArray> picture = EncodePicture(EmptyMenuPicture(settings), name);
-  if (!picture) {
-    prompter_.Fail(picture.Error());
-    return false;
+  const Result<QByteArray> picture = EncodePicture(EmptyMenuPicture(project_.Settings), name);
+  if (!picture) prompter_.Fail(picture.Error());
+  return picture && WriteTemp(name, *picture);
+}
+
+bool CreateDvdPipeline::WriteBatches(const std::vector<PlannedBatch>& batches) {
+  for (const PlannedBatch& batch : batches) {
+    plan_.BatchList << batch.name;
+    if (!WriteTemp(batch.name, batch.text)) return false;
   }
-  return WriteTemp(name, *picture) && AddBatch(kEmptyMenuBatch.toString(), EmptyMenuBatch(values_));
-}
-
-bool CreateDvdPipeline::WriteIsoBatch(BatchUse use) {
-  const Settings& settings = project_.Settings;
-  return !settings.CreateISO || AddBatch(kIsoBatch.toString(), IsoBatch(IsoFile(settings), use, values_));
-}
-
-bool CreateDvdPipeline::AddBatch(const QString& name, const QByteArray& text) {
-  batchList_ << name;
-  return WriteTemp(name, text);
+  return true;
 }
 
 bool CreateDvdPipeline::WriteTemp(const QString& name, const QByteArray& content) {
-  return AllValuesPassed() && Succeeded(WriteGeneratedFile(project_.Settings.TempDir + u'\\' + name, content));
+  return AllValuesPassed() && Succeeded(files_.Write(name, content));
+}
+
+QString CreateDvdPipeline::NameInTemp(const QString& path) const {
+  return path.sliced(project_.Settings.TempDir.size() + 1);
 }
 
 /// The checks before a run have let the writers try already; this holds where one was left out.
@@ -208,6 +242,25 @@ bool CreateDvdPipeline::AllValuesPassed() { return RefusesNothing(values_.Refuse
 bool CreateDvdPipeline::Succeeded(const Status& status) {
   if (!status) prompter_.Fail(status.Error());
   return bool(status);
+}
+
+std::optional<RunPlan> PlanGivenBatches(const QStringList& names, const Settings& settings, Prompter& prompter) {
+  QList<QByteArray> texts;
+  for (const QString& name : names) {
+    const QString path = settings.TempDir + u'\\' + name;
+    const Result<QByteArray> text = HostFiles::Read(path);
+    if (!text) {
+      prompter.Fail(u"There is no batch file "_s + path);
+      return std::nullopt;
+    }
+    texts << *text;
+  }
+  TempFiles files(settings.TempDir);
+  RunPlan plan{.BatchList = names};
+  // Without its project nobody knows what a former version has made.
+  if (files.IsFromFormerVersion()) return plan;
+  plan.AutoDelete = CleansTemp(files, settings, prompter);
+  return ClaimOutputs(files, texts, settings, {}, prompter) ? std::optional(plan) : std::nullopt;
 }
 
 }  // namespace torvane

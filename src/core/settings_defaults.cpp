@@ -20,27 +20,6 @@ void StripTrailingBackslash(QString& path) {
   if (path.endsWith(u'\\')) path.chop(1);
 }
 
-/// Takes `path` where it is a directory, else the nearest of its parents, else `fallback`, which is made. After five
-/// attempts `lastResort`.
-QString FindDirectory(QString path, const QString& fallback, const QString& lastResort) {
-  constexpr int kAttempts = 5;
-  constexpr qsizetype kShortestPath = 4;
-  for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    if (HostFiles::DirExists(path)) {
-      StripTrailingBackslash(path);
-      return path;
-    }
-    const qsizetype slash = path.lastIndexOf(u'\\');
-    if (path.size() < kShortestPath || slash + 1 < kShortestPath) {
-      path = fallback;
-      HostFiles::MakeDir(path);
-    } else {
-      path.truncate(slash);
-    }
-  }
-  return lastResort;
-}
-
 /// Completes the settings of one start, step by step in the order in which they need each other.
 class Start {
  public:
@@ -87,17 +66,15 @@ class Start {
     if (Given(u"TempDir"_s) && !Given(u"TempOutDir"_s)) texts_.insert(u"TempOutDir"_s, u"0"_s);
   }
 
+  /// A directory that is given stays as it is given, there or not: a run makes it or is refused.
   void ChooseOutDir() {
-    const QString wanted = settings_.OutDir;
-    const QString fallback = writableDir_ + u"\\OutDir"_s;
     QString& outDir = settings_.OutDir;
     if (outDir.isEmpty()) outDir = DefaultOutDir();
     if (outDir.isEmpty()) {
-      outDir = fallback;
+      outDir = writableDir_ + u"\\OutDir"_s;
       HostFiles::MakeDir(outDir);
     }
-    outDir = FindDirectory(outDir, fallback, writableDir_);
-    TellReplacement(u"OutDir"_s, wanted, outDir);
+    StripTrailingBackslash(outDir);
   }
 
   static QString DefaultOutDir() {
@@ -109,23 +86,15 @@ class Start {
   }
 
   void ChooseTempDir() {
-    const QString wanted = settings_.TempOutDir ? QString() : settings_.TempDir;
     QString& tempDir = settings_.TempDir;
     if (settings_.TempOutDir) {
       tempDir = settings_.OutDir + u"\\Temp"_s;
+      if (HostFiles::DirExists(settings_.OutDir)) HostFiles::MakeDir(tempDir);
+    } else if (tempDir.isEmpty()) {
+      tempDir = writableDir_ + u"\\Temp"_s;
       HostFiles::MakeDir(tempDir);
     }
-    tempDir = FindDirectory(tempDir, writableDir_ + u"\\Temp"_s, writableDir_);
-    TellReplacement(u"TempDir"_s, wanted, tempDir);
-  }
-
-  /// A misspelt directory on the command line must not send the output elsewhere without a word.
-  void TellReplacement(const QString& key, QString wanted, const QString& taken) {
-    StripTrailingBackslash(wanted);
-    const std::optional<QString> given = Given(key);
-    if (!given || given->isEmpty() || wanted.isEmpty() || wanted == taken) return;
-    prompter_.Warn(u"%1: the directory \"%2\" does not exist, \"%3\" is used instead."_s.arg(key, *given,
-                                                                                             HostFiles::ToHost(taken)));
+    StripTrailingBackslash(tempDir);
   }
 
   void WarnOfFilesInTempDir() {

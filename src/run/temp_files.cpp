@@ -158,14 +158,18 @@ Status TempFiles::Note(const QStringList& names) {
   return {};
 }
 
+Status TempFiles::Claim(const QStringList& names) {
+  QStringList forms = names;
+  for (const QString& name : names) forms << name + kUnfinishedEnding;
+  const QStringList others = OthersAmong(forms);
+  if (others.isEmpty()) return Note(names);
+  return Failure{u"%1 would be overwritten, and Torvane did not make it. Please move it elsewhere or choose another "
+                 u"temporary directory."_s.arg(HostFiles::ToHost(tempDir_ + u'\\' + Dos(others.first())))};
+}
+
 Status TempFiles::Write(const QString& name, const QByteArray& content) {
-  const QString path = tempDir_ + u'\\' + Dos(name);
-  if (!OthersAmong({name, name + kUnfinishedEnding}).isEmpty()) {
-    return Failure{u"%1 would be overwritten, and Torvane did not make it. Please move it elsewhere or choose another "
-                   u"temporary directory."_s.arg(HostFiles::ToHost(path))};
-  }
-  if (Status noted = Note({name}); !noted) return noted;
-  return WriteGeneratedFile(path, content);
+  if (Status claimed = Claim({name}); !claimed) return claimed;
+  return WriteGeneratedFile(tempDir_ + u'\\' + Dos(name), content);
 }
 
 Status TempFiles::RemoveLinks(const QStringList& names) const {

@@ -43,7 +43,11 @@ class TempFiles {
   /// Notes names before they are made. Fails with the list's path when it cannot be written.
   Status Note(const QStringList& names);
 
-  /// Notes a name and writes it as a generated file. Refused when something that is not ours bears the name.
+  /// Notes names that will be written, whole or first as "NAME.part". Refused, with nothing noted, when something that
+  /// is not ours bears one of them.
+  Status Claim(const QStringList& names);
+
+  /// Claims a name and writes it as a generated file.
   Status Write(const QString& name, const QByteArray& content);
 
   /// Takes links away that stand where outside programs will write: they would write through them. Fails with those

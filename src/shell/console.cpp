@@ -8,6 +8,7 @@
 #include "platform/host_files.h"
 #include "shell/builtin_commands.h"
 #include "shell/shell.h"
+#include "shell/tool_program.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,6 +22,8 @@ const auto kHelp =
   torvane-cmd /k FILE.bat [ARG]   run a batch, print a prompt, then read commands
   torvane-cmd /c FILE.bat [ARG]   run a batch and end
   torvane-cmd /c COMMAND [ARG]    run one command and end
+  torvane-cmd --missing-tools PROGRAM...
+                                  tell which programs of a batch cannot be run here; the exit code is 1 then
 
 Example: torvane-cmd /c author.bat
 
@@ -59,6 +62,11 @@ int RunConsole(const QStringList& arguments) {
   if (arguments.contains(u"--help"_s) && arguments.size() == 1) {
     WriteAll(1, kHelp.toUtf8());
     return 0;
+  }
+  if (arguments.value(0) == u"--missing-tools") {
+    const QStringList missing = MissingPrograms(arguments.mid(1));
+    for (const QString& reason : missing) WriteAll(1, reason.toUtf8() + '\n');
+    return missing.isEmpty() ? 0 : 1;
   }
   WatchForStopSignals();
   // Tools print on either stream; whoever runs this console reads one text.

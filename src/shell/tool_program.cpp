@@ -35,6 +35,19 @@ bool IsWindowsProgram(const QString& hostPath) {
   return file.open(QIODevice::ReadOnly) && file.read(2) == "MZ";
 }
 
+Failure NotInstalled(const ToolEntry& tool) {
+  return Failure{u"%1 is not installed; install the Debian package %2"_s.arg(tool.program, tool.package)};
+}
+
+/// "" when the program can be run.
+QString ReasonMissing(const QString& named) {
+  const Result<ToolProgram> found = FindToolProgram(named);
+  if (!found) return found.Error();
+  const ToolEntry* tool = found->entry;
+  const bool needsMore = tool && tool->own && !found->wine && !tool->program.isEmpty();
+  return needsMore && QStandardPaths::findExecutable(tool->program).isEmpty() ? NotInstalled(*tool).text : QString();
+}
+
 }  // namespace
 
 Result<ToolProgram> FindToolProgram(const QString& named) {
@@ -59,13 +72,21 @@ Result<ToolProgram> FindToolProgram(const QString& named) {
     found.program = QStandardPaths::findExecutable(tool->program);
     found.arguments = {tool->program};
     if (!found.program.isEmpty()) return found;
-    return Failure{u"%1 is not installed; install the Debian package %2"_s.arg(tool->program, tool->package)};
+    return NotInstalled(*tool);
   }
   if (existing.isEmpty()) return Failure{u"%1 is neither a command nor a program that exists"_s.arg(named)};
   if (!QFileInfo(existing).isExecutable()) return Failure{u"%1 cannot be run on this system"_s.arg(existing)};
   found.program = existing;
   found.arguments = {existing};
   return found;
+}
+
+QStringList MissingPrograms(const QStringList& named) {
+  QStringList reasons;
+  for (const QString& program : named) reasons << ReasonMissing(program);
+  reasons.removeAll(QString());
+  reasons.removeDuplicates();
+  return reasons;
 }
 
 bool HasTool(const QString& dosPath) {

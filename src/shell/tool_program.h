@@ -20,6 +20,10 @@ struct ToolProgram {
 /// Looks a program up by the name or DOS path that a batch calls it by. Fails with a text that tells what to install.
 Result<ToolProgram> FindToolProgram(const QString& named);
 
+/// Why the programs that batches name cannot be run here: a text for each that is missing, once, with the package to
+/// install. A tool of this console that needs a program is missing without it.
+QStringList MissingPrograms(const QStringList& named);
+
 /// Whether a batch can use the tool at a DOS path: a program that FindToolProgram finds, or a file of another kind that
 /// lies there.
 bool HasTool(const QString& dosPath);

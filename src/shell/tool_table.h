@@ -12,7 +12,7 @@ struct ToolEntry {
   enum class ControlFile { None, Dvdauthor, Spumux };
 
   QString stem;          ///< in the batch: the file name without ending, in small letters
-  QString program = {};  ///< here; empty when there is none
+  QString program = {};  ///< here, or what a tool of this console needs; empty when there is none
   QString package = {};  ///< the Debian package that holds it
   ControlFile controlFile = ControlFile::None;
   QStringList dropped = {};       ///< options that the program here does not know

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include "core/audio_title_set.h"
 #include "platform/host_files.h"
 #include "support/drive_c.h"
@@ -29,44 +31,57 @@ class DiscChecksTest : public testing::Test {
   Project project_;
 };
 
-TEST_F(DiscChecksTest, AnOldDiscGoesOnlyWhenTheUserAgrees) {
+TEST_F(DiscChecksTest, AnOldDiscIsReplacedOnlyWhenTheUserAgrees) {
+  test::RecordingPrompter prompter({Answer::Cancel, Answer::Ok});
+  EXPECT_TRUE(AgreesToReplaceDisc(project_, prompter));
+  TellOfFormerDisc(project_, prompter);
+  EXPECT_EQ(prompter.boxes.size(), 0U);
   Touch(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s);
-  Touch(u"C:\\O\\DVD\\VIDEO_TS\\sub\\x"_s);
-  test::RecordingPrompter refuses({Answer::Cancel});
-  EXPECT_FALSE(ClearVideoTs(project_, OldDisc::RemoveTree, refuses));
-  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
+  EXPECT_FALSE(AgreesToReplaceDisc(project_, prompter));
+  EXPECT_TRUE(AgreesToReplaceDisc(project_, prompter));
   EXPECT_EQ(
-      refuses.boxes,
-      (std::vector<Box>{{.kind = BoxKind::Question,
-                         .buttons = BoxButtons::OkCancel,
-                         .text = u"The VIDEO_TS folder contains files; these should be deleted before a new DVD is "
-                                 u"created. Shall Torvane try to delete the files?"_s,
-                         .title = u"Delete (old) VIDEO_TS folder"_s}}));
-  test::RecordingPrompter agrees({Answer::Ok, Answer::Ok});
-  EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveFiles, agrees));
-  EXPECT_FALSE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
-  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\sub\\x"_s));
-  Touch(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s);
-  EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveTree, agrees));
-  EXPECT_FALSE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\sub"_s));
-  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS"_s));
-  EXPECT_TRUE(ClearVideoTs(project_, OldDisc::RemoveTree, agrees));
-  EXPECT_EQ(agrees.boxes.size(), 2U);
+      prompter.boxes.at(0),
+      (Box{.kind = BoxKind::Question,
+           .buttons = BoxButtons::OkCancel,
+           .text = u"The VIDEO_TS folder contains files; these should be deleted before a new DVD is created. Shall "
+                   u"Torvane try to delete the files?"_s,
+           .title = u"Delete (old) VIDEO_TS folder"_s}));
+  TellOfFormerDisc(project_, prompter);
+  EXPECT_TRUE(prompter.boxes.back().text.contains(u"/O/DVD/VIDEO_TS holds a former disc, which stays there."));
+  EXPECT_TRUE(Exists(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s));
 }
 
-TEST_F(DiscChecksTest, AnOldImageGoesOnlyWhenTheUserAgrees) {
+TEST_F(DiscChecksTest, AnOldImageIsReplacedOnlyWhenTheUserAgrees) {
   project_.Settings.CreateISO = true;
   project_.Settings.ISOPath = u"C:\\iso"_s;
   project_.Settings.ISO_Name = u"Film"_s;
   test::RecordingPrompter prompter({Answer::Cancel, Answer::Ok});
-  EXPECT_TRUE(ClearOldIso(project_, prompter));
-  Touch(u"C:\\iso\\Film.ISO"_s);
-  EXPECT_FALSE(ClearOldIso(project_, prompter));
-  EXPECT_TRUE(Exists(u"C:\\iso\\Film.ISO"_s));
-  EXPECT_TRUE(ClearOldIso(project_, prompter));
-  EXPECT_FALSE(Exists(u"C:\\iso\\Film.ISO"_s));
+  EXPECT_TRUE(AgreesToReplaceImage(project_, prompter));
+  ASSERT_TRUE(QFile::link(drive_.Host(u"nowhere"_s), drive_.Host(u"iso/Film.ISO"_s)));
+  EXPECT_FALSE(AgreesToReplaceImage(project_, prompter));
+  EXPECT_TRUE(AgreesToReplaceImage(project_, prompter));
   ASSERT_EQ(prompter.boxes.size(), 2U);
   EXPECT_EQ(prompter.boxes[0].text, u"The ISO image: C:\\iso\\Film.ISO already exists.\r\nOverwrite it?"_s);
+}
+
+TEST_F(DiscChecksTest, TheRoomOfTheFormerDiscIsOfferedWhereItWouldSuffice) {
+  const qint64 free = HostFiles::DriveFreeMB(u"C:\\"_s).value();
+  const qint64 formerMB = 8000;
+  QFile former(drive_.Host(u"O/DVD/VIDEO_TS/VTS_01_1.VOB"_s));
+  ASSERT_TRUE(former.open(QIODevice::WriteOnly) && former.resize(formerMB * 1048576));  // sparse
+  project_.Settings.TempDir = u"Z:\\tmp"_s;
+  project_.Tree.SetCaption(u"FPTS1"_s, u"TotalSize(MB)=0"_s);
+  project_.Tree.SetCaption(u"FPTS2"_s, u"TotalSize(MB)=0"_s);
+  project_.Tree.SetCaption(u"TS"_s, u"TotalSize(MB)="_s + QString::number(free + formerMB / 2));
+  test::RecordingPrompter gives({Answer::Yes});
+  EXPECT_EQ(CheckFreeSpace(project_, gives), FormerFate::DeletedFirst);
+  ASSERT_EQ(gives.boxes.size(), 1U);
+  EXPECT_TRUE(gives.boxes[0].text.contains(u"the former disc and image take 8000 MB. Delete them before"));
+  EXPECT_EQ(gives.boxes[0].preselected, Answer::No);
+  test::RecordingPrompter keeps({Answer::No, Answer::Ok});
+  EXPECT_EQ(CheckFreeSpace(project_, keeps), FormerFate::SetAside);
+  EXPECT_EQ(keeps.boxes.size(), 2U);
+  EXPECT_TRUE(former.exists());
 }
 
 TEST_F(DiscChecksTest, AsksForEachSpaceThatIsTooSmall) {
@@ -129,6 +144,8 @@ TEST_F(DiscChecksTest, ARunThatWouldDestroySourcesIsRefused) {
   };
   EXPECT_EQ(refused(u"C:\\v\\a.m2v"_s), QString());
   EXPECT_TRUE(refused(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"_s).contains(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"));
+  ASSERT_TRUE(QFile::link(drive_.Host(u"O/DVD"_s), drive_.Host(u"v/disc"_s)));
+  EXPECT_TRUE(refused(u"C:\\v\\disc\\video_ts\\a.vob"_s).contains(u"C:\\v\\disc\\video_ts\\a.vob"));
   EXPECT_EQ(refused(u"C:\\T\\a.m2v"_s), QString());
   EXPECT_TRUE(refused(u"C:\\T\\film2.mpg"_s).contains(u"C:\\T\\Film2.mpg"));
   project_.Settings.AutoDelete = true;

@@ -25,48 +25,110 @@ class PipelineTest : public testing::Test {
     background.save(HostFiles::ToHost(u"C:\\back.png"_s));
   }
 
-  static QStringList TempFiles() { return HostFiles::FileNames(u"C:\\T"_s); }
+  /// The files of the temporary directory but the list of them.
+  static QStringList TempNames() {
+    QStringList names = HostFiles::FileNames(u"C:\\T"_s);
+    names.removeAll(u".torvane-files"_s);
+    return names;
+  }
+
+  CreateDvdPipeline Pipeline(Prompter& prompter) {
+    return {project_, prompter, [this](const QStringList&) { return missingTools_; }};
+  }
+  CreateDvdPipeline Pipeline() { return Pipeline(prompter_); }
 
   const test::DriveC drive_{{u"O/DVD/VIDEO_TS"_s, u"T"_s}};
   Project project_;
   test::RecordingPrompter prompter_;
+  QStringList missingTools_;
 };
 
 TEST_F(PipelineTest, CreateBatchWritesEverythingAndListsIt) {
-  CreateDvdPipeline pipeline(project_, prompter_);
+  CreateDvdPipeline pipeline = Pipeline();
   ASSERT_EQ(pipeline.PrepareCreateBatch(), Readiness::Ready);
   const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::WriteOnly);
   ASSERT_TRUE(plan);
   EXPECT_EQ(plan->BatchList.join(u' '),
             u"batchrun0.bat MMBrun1.bat MMBrun2.bat MM1Brun1.bat MM1Brun2.bat EBrun1.bat author.bat");
-  EXPECT_EQ(TempFiles().join(u' '),
+  EXPECT_EQ(TempNames().join(u' '),
             u"Author.xml EBrun1.bat EmptyBackg.jpg MM1Act.png MM1Backg.png MM1Brun1.bat MM1Brun2.bat MM1High.png "
             u"MM1Spu.xml MMAct.png MMBackg.png MMBrun1.bat MMBrun2.bat MMHigh.png MMSpu.xml MainBatch.bat author.bat "
             u"batchrun0.bat");
   EXPECT_EQ(prompter_.boxes, (std::vector<Box>{{.text = u"Batchfiles created! See MainBatch.bat for details"_s}}));
 }
 
+TEST_F(PipelineTest, AMissingToolStopsARunBeforeAnythingIsWrittenAndIsToldOfBatches) {
+  missingTools_ = {u"mplex is not installed"_s, u"spumux is not installed"_s};
+  EXPECT_FALSE(Pipeline().BuildProject(BatchUse::Run));
+  EXPECT_EQ(TempNames(), QStringList());
+  EXPECT_TRUE(Pipeline().BuildProject(BatchUse::WriteOnly));
+  const QString text = missingTools_.join(u"\r\n");
+  ASSERT_EQ(prompter_.boxes.size(), 3U);
+  EXPECT_EQ(prompter_.boxes[0], (Box{.kind = BoxKind::Error, .text = text}));
+  EXPECT_EQ(prompter_.boxes[1], (Box{.kind = BoxKind::Warning, .text = text}));
+}
+
+TEST_F(PipelineTest, WhatIsNotOursInTheTemporaryDirectorySwitchesCleaningOffOrRefusesTheRun) {
+  project_.Settings.AutoDelete = project_.Settings.CreateISO = true;
+  const auto isoErases = [] { return HostFiles::Read(u"C:\\T\\makeiso.bat"_s)->contains("\r\nerase "); };
+  const auto build = [this](BatchUse use) {
+    prompter_.boxes.clear();
+    return Pipeline().BuildProject(use);
+  };
+  EXPECT_TRUE(build(BatchUse::Run)->AutoDelete && isoErases());
+
+  drive_.Write(u"T/mine.png"_s);
+  const std::optional<RunPlan> plan = build(BatchUse::Run);
+  ASSERT_TRUE(plan);
+  EXPECT_FALSE(plan->AutoDelete || isoErases());
+  EXPECT_TRUE(prompter_.boxes.at(0).text.contains(u"did not make, such as mine.png")) << prompter_.boxes[0].text.toStdString();
+  EXPECT_TRUE(build(BatchUse::WriteOnly));
+  EXPECT_TRUE(HostFiles::Read(u"C:\\T\\makeiso.bat"_s)->contains("\r\nREM erase ")) << "batches follow the setting";
+
+  for (const QString& name : {u"Author.xml"_s, u"film1.MPG"_s, u"MMBackg.png"_s, u"mmmenu.mpg"_s}) {
+    ASSERT_TRUE(HostFiles::RemoveFile(u"C:\\T\\.torvane-files"_s) && HostFiles::RemoveFile(u"C:\\T\\batchrun0.bat"_s));
+    for (const QString& file : TempNames()) ASSERT_TRUE(HostFiles::RemoveFile(u"C:\\T\\"_s + file));
+    drive_.Write(u"T/"_s + name, "mine");
+    EXPECT_FALSE(build(BatchUse::Run)) << name.toStdString();
+    EXPECT_TRUE(prompter_.boxes.back().text.contains(name, Qt::CaseInsensitive)) << prompter_.boxes.back().text.toStdString();
+    EXPECT_EQ(*HostFiles::Read(u"C:\\T\\"_s + name), "mine");
+  }
+}
+
+TEST_F(PipelineTest, WhatAFormerVersionLeftCountsAsOurs) {
+  ASSERT_TRUE(Pipeline().BuildProject(BatchUse::WriteOnly));
+  for (const QString& name : {u"MMMenu.mpg"_s, u"Film1.mpg"_s}) drive_.Write(u"T/"_s + name);
+  const QStringList before = TempNames();
+  ASSERT_TRUE(HostFiles::RemoveFile(u"C:\\T\\.torvane-files"_s));
+  project_.Settings.AutoDelete = true;
+  const std::optional<RunPlan> plan = Pipeline().BuildProject(BatchUse::Run);
+  ASSERT_TRUE(plan && plan->AutoDelete);
+  TempFiles(u"C:\\T"_s).Clean(SourceGuard({}));
+  EXPECT_EQ(TempNames(), QStringList());
+  EXPECT_TRUE(before.contains(u"Film1.mpg"_s));
+}
+
 TEST_F(PipelineTest, ARealRunEndsWithImageAndClosingLine) {
   project_.Settings.CreateISO = project_.Settings.KeepLogFile = true;
-  CreateDvdPipeline pipeline(project_, prompter_);
+  CreateDvdPipeline pipeline = Pipeline();
   const std::optional<RunPlan> plan = pipeline.BuildProject(BatchUse::Run);
   ASSERT_TRUE(plan);
   EXPECT_EQ(plan->BatchList.sliced(6), (QStringList{u"author.bat"_s, u"makeiso.bat"_s, u"EndTvn.bat"_s}));
   EXPECT_EQ(plan->RunMode, u"0"_s);
   EXPECT_TRUE(plan->LogText.contains(u"Film #2: Film2"));
-  EXPECT_FALSE(TempFiles().contains(u"MainBatch.bat"_s));
+  EXPECT_FALSE(TempNames().contains(u"MainBatch.bat"_s));
 }
 
 TEST_F(PipelineTest, WithoutMenusNoMenuIsCompiled) {
   project_.Settings.NoMenus = project_.Settings.GoNextTitle = true;
-  const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run);
+  const std::optional<RunPlan> plan = Pipeline().BuildProject(BatchUse::Run);
   ASSERT_TRUE(plan);
   EXPECT_EQ(plan->BatchList, (QStringList{u"batchrun0.bat"_s, u"author.bat"_s, u"EndTvn.bat"_s}));
 }
 
 TEST_F(PipelineTest, AMainMenuWithoutButtonsDoesNothing) {
   for (const QString& button : {u"MMB1"_s, u"MMB2"_s, u"MMB3"_s}) project_.Tree.Remove(button);
-  CreateDvdPipeline pipeline(project_, prompter_);
+  CreateDvdPipeline pipeline = Pipeline();
   EXPECT_EQ(pipeline.PrepareCreateDvd(), Readiness::NothingToDo);
   EXPECT_EQ(pipeline.PrepareCreateBatch(), Readiness::NothingToDo);
   EXPECT_TRUE(prompter_.boxes.empty());
@@ -74,24 +136,24 @@ TEST_F(PipelineTest, AMainMenuWithoutButtonsDoesNothing) {
 
 TEST_F(PipelineTest, ABadMenuStopsWithItsName) {
   project_.Tree.SetCaption(u"MM1BP0Left"_s, u"Left=700"_s);
-  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  EXPECT_FALSE(Pipeline().BuildProject(BatchUse::Run));
   EXPECT_EQ(prompter_.boxes,
             (std::vector<Box>{{.kind = BoxKind::Error,
                                .text = u"Buttons outside allowed area or minimum distance not matched!\r\nMainSubMenu1 "
                                        u"(MM1)"_s}}));
-  EXPECT_TRUE(TempFiles().contains(u"MMSpu.xml"_s));
+  EXPECT_TRUE(TempNames().contains(u"MMSpu.xml"_s));
 
   project_.Settings.AutoDelete = true;
-  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
-  EXPECT_EQ(TempFiles(), QStringList());
+  EXPECT_FALSE(Pipeline().BuildProject(BatchUse::Run));
+  EXPECT_EQ(TempNames(), QStringList());
 }
 
 TEST_F(PipelineTest, WhatCannotBeAuthoredIsRefusedBeforeAnythingIsTouched) {
   const auto text = [this] {
     test::RecordingPrompter prompter;
-    CreateDvdPipeline pipeline(project_, prompter);
+    CreateDvdPipeline pipeline = Pipeline(prompter);
     EXPECT_EQ(pipeline.PrepareCreateDvd(), Readiness::Refused);
-    EXPECT_EQ(TempFiles(), QStringList());
+    EXPECT_EQ(TempNames(), QStringList());
     return prompter.boxes.at(0).text;
   };
   project_.Settings.Engine = 1;
@@ -126,13 +188,13 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
   const QString titlesetMenus = u"TS1Brun1.bat TS1Brun2.bat TS2Brun1.bat TS2Brun2.bat "_s;
   const QString end = u"author.bat EndTvn.bat"_s;
   const auto batches = [this] {
-    const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run);
+    const std::optional<RunPlan> plan = Pipeline().BuildProject(BatchUse::Run);
     return plan ? plan->BatchList.join(u' ') : QString();
   };
   EXPECT_EQ(batches(), mainMenus + titlesetMenus + end);
   EXPECT_EQ(prompter_.boxes, std::vector<Box>());
   EXPECT_EQ(QImage(HostFiles::ToHost(u"C:\\T\\FPA2#02.png"_s)).size(), QSize(720, 576));
-  EXPECT_FALSE(TempFiles().contains(u"EmptyBackg.jpg"_s));
+  EXPECT_FALSE(TempNames().contains(u"EmptyBackg.jpg"_s));
 
   project_.Settings.UseIntro = true;
   project_.Settings.IntroMovie = u"C:\\i.mpg"_s;
@@ -141,8 +203,8 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
   EXPECT_EQ(batches(), u"batchrun0.bat EBrun1.bat " + end);
 
   project_.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s);
-  EXPECT_TRUE(CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck());
-  EXPECT_EQ(CreateDvdPipeline(project_, prompter_).PrepareCreateDvd(), Readiness::Refused);
+  EXPECT_TRUE(Pipeline().BuildSyntaxCheck());
+  EXPECT_EQ(Pipeline().PrepareCreateDvd(), Readiness::Refused);
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_TRUE(prompter_.boxes[0].text.contains(u"Film 2 (Songs), track 2: the sound file C:\\no.ac3"));
 }
@@ -150,7 +212,7 @@ TEST_F(PipelineTest, TitlesetsGetTheirMenusAndAudioTracksTheirSlides) {
 TEST_F(PipelineTest, APaletteThatCannotBeWrittenIsToldAndTheRestIsWritten) {
   test::AddNode(project_, u"FP1"_s, u"FPS1|SubColors=1,2"_s);
   ASSERT_TRUE(HostFiles::MakeDir(u"C:\\T\\Film1.pal"_s));
-  ASSERT_TRUE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  ASSERT_TRUE(Pipeline().BuildProject(BatchUse::Run));
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_EQ(prompter_.boxes[0].kind, BoxKind::Warning);
   EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/T/Film1.pal: "))
@@ -182,20 +244,20 @@ TEST_F(PipelineTest, NothingIsWrittenOfAProjectWithAValueThatBreaksOut) {
 }
 
 TEST_F(PipelineTest, TheSyntaxCheckRunsOneBatch) {
-  const std::optional<RunPlan> plan = CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck();
+  const std::optional<RunPlan> plan = Pipeline().BuildSyntaxCheck();
   ASSERT_TRUE(plan);
   EXPECT_EQ(*plan, (RunPlan{.BatchList = {u"testrun.bat"_s}, .RunMode = u"1"_s}));
-  EXPECT_EQ(TempFiles(), (QStringList{u"Author.xml"_s, u"testrun.bat"_s}));
+  EXPECT_EQ(TempNames(), (QStringList{u"Author.xml"_s, u"testrun.bat"_s}));
   project_.Settings.Engine = 1;
-  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildSyntaxCheck());
+  EXPECT_FALSE(Pipeline().BuildSyntaxCheck());
   EXPECT_EQ(prompter_.boxes.at(0).text, u"Not yet implemented for MuxMan..."_s);
 }
 
 TEST_F(PipelineTest, AFileThatCannotBeWrittenStopsWithItsName) {
   project_.Settings.TempDir = u"C:\\missing"_s;
-  EXPECT_FALSE(CreateDvdPipeline(project_, prompter_).BuildProject(BatchUse::Run));
+  EXPECT_FALSE(Pipeline().BuildProject(BatchUse::Run));
   ASSERT_EQ(prompter_.boxes.size(), 1U);
-  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/missing/batchrun0.bat"));
+  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/missing/"));
 }
 
 }  // namespace

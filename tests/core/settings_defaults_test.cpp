@@ -98,27 +98,17 @@ TEST_F(LoadSettingsTest, AnIntroThatIsMissingIsNotUsed) {
   EXPECT_FALSE(Load({{u"UseIntro"_s, u"1"_s}, {u"IntroMovie"_s, u"C:\\none.mpg"_s}}).UseIntro);
 }
 
-TEST_F(LoadSettingsTest, AMissingDirectoryGivesWayToItsParentAndTheUserIsToldWhereItWasNamed) {
-  const QString appPath = Dos(u"app"_s);
-  const std::pair<QString, QString> cases[] = {
-      {u"C:\\Films"_s, u"C:\\Films"_s},
-      {u"C:\\Films\\"_s, u"C:\\Films"_s},
-      {u"C:\\Films\\a\\b\\c\\d"_s, u"C:\\Films"_s},
-      {u"C:\\Films\\a\\b\\c\\d\\e"_s, appPath},  // five attempts, and the parent would be the sixth
-      {u"C:\\nothing"_s, appPath + u"\\OutDir"_s},
-      {u"C:\\nothing\\here"_s, appPath + u"\\OutDir"_s},
-  };
-  for (const auto& [wanted, taken] : cases) {
-    EXPECT_EQ(Load({{u"OutDir"_s, wanted}}).OutDir, taken) << wanted.toStdString();
-    const bool replaced = wanted != taken && wanted != taken + u'\\';
-    const QString text =
-        u"OutDir: the directory \"%1\" does not exist, \"%2\" is used instead."_s.arg(wanted, HostFiles::ToHost(taken));
-    EXPECT_EQ(prompter_.Told(), replaced ? QStringList{text} : QStringList()) << wanted.toStdString();
+TEST_F(LoadSettingsTest, ADirectoryThatIsGivenStaysThereOrNot) {
+  for (const QString& dir : {u"C:\\Films"_s, u"C:\\Films\\a\\b"_s, u"C:\\nothing"_s}) {
+    EXPECT_EQ(Load({{u"OutDir"_s, dir + u'\\'}}).OutDir, dir);
+    EXPECT_EQ(Load({{u"TempDir"_s, dir}}).TempDir, dir);
+    ASSERT_TRUE(SettingsStore(Host(u"profile"_s)).Write({{u"OutDir"_s, dir}}));
+    EXPECT_EQ(Load().OutDir, dir);
+    EXPECT_EQ(Load().TempDir, dir + u"\\Temp");
+    EXPECT_EQ(prompter_.Told(), QStringList());
   }
-  ASSERT_TRUE(SettingsStore(Host(u"profile"_s)).Write({{u"OutDir"_s, u"C:\\Films\\gone"_s}}));
-  EXPECT_EQ(Load().OutDir, u"C:\\Films"_s);
-  EXPECT_EQ(prompter_.Told(), QStringList()) << "a stored directory that has gone is no news";
-  EXPECT_EQ(Load({{u"TempOutDir"_s, u"0"_s}}).TempDir, appPath + u"\\Temp"_s);
+  EXPECT_FALSE(HostFiles::DirExists(u"C:\\nothing"_s) || HostFiles::DirExists(u"C:\\Films\\a"_s));
+  EXPECT_EQ(Load({{u"TempOutDir"_s, u"0"_s}}).TempDir, Dos(u"app"_s) + u"\\Temp"_s);
 }
 
 TEST_F(LoadSettingsTest, FilesThatWouldBeDeletedFromTheTemporaryDirectoryAreTold) {
@@ -165,11 +155,11 @@ TEST_F(LoadSettingsTest, ModesFontsMasksAndLanguageFollow) {
 TEST_F(LoadSettingsTest, WhatCannotBeWrittenBesideTheProgramGoesToTheUsersData) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   const Settings settings = LoadSettings({.profileDir = Host(u"profile"_s),
-                                          .overrides = {{u"OutDir"_s, u"C:\\nothing"_s}},
+                                          .overrides = {{u"TempOutDir"_s, u"0"_s}},
                                           .appPath = Dos(u"no program here"_s)},
                                          prompter_);
   EXPECT_EQ(settings.TVNLogFile, HostFiles::ToDos(data + u"/torvane/tvn.log"_s));
-  EXPECT_EQ(settings.OutDir, HostFiles::ToDos(data + u"/torvane/OutDir"_s));
+  EXPECT_EQ(settings.TempDir, HostFiles::ToDos(data + u"/torvane/Temp"_s));
 }
 
 }  // namespace
