@@ -20,7 +20,8 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli tree holiday.tvn", 1, 1},
     {u"save", u"P.tvn OUT.tvn", u"Loads a project and saves it under another name.",
      u"torvane-cli save old.tvn new.tvn", 2, 2},
-    {u"info", u"P.tvn", u"Prints what a project holds and what is wrong with it.", u"torvane-cli info holiday.tvn", 1, 1},
+    {u"info", u"P.tvn", u"Prints what a project holds and what is wrong with it.", u"torvane-cli info holiday.tvn", 1,
+     1},
     {u"compile", u"P.tvn", u"Create Batch: writes all control files, batches and pictures, and runs nothing.",
      u"torvane-cli --set TempDir=/tmp/batches compile holiday.tvn", 1, 1},
     {u"build", u"P.tvn", u"Create DVD: compiles the project and makes the disc.",
@@ -38,15 +39,18 @@ constexpr CommandHelp kCommands[] = {
      u"torvane-cli settings set VideoNormPal=0 OutDir=/home/me/disc", 1, -1},
     {u"preset", u"save|load FILE.tvp", u"Saves the look of menus and elements as a preset, or stores that of one.",
      u"torvane-cli preset load blue.tvp", 2, 2},
-    {u"analyse", u"FILE...", u"Judges video and audio files and prints what is known of each as JSON, one object a line.",
+    {u"analyse", u"FILE...",
+     u"Judges video and audio files and prints what is known of each as JSON, one object a line.",
      u"torvane-cli analyse holiday.m2v holiday.ac3", 1, -1},
     {u"chapters", u"FILE --fps F [--duration S] [--frames yes|no]",
      u"Reads a text file of chapter marks and prints the chapter list; --frames tells whether fractions are frames.",
      u"torvane-cli chapters holiday.txt --fps 25 --duration 3600", 1, 1, u"--fps --duration --frames"},
     {u"palette", u"FILE", u"Reads a subtitle palette (ifo, pal, rgb, sst): prints the packed colours, then each as R, G, B.",
      u"torvane-cli palette VTS_01_0.IFO", 1, 1},
-    {u"recover", u"list | save JOURNAL OUT.tvn | discard JOURNAL",
-     u"Lists the unsaved work that killed programs left (name, time of the last change, project), saves or discards it.",
+    {u"recover", u"list | disc | save JOURNAL OUT.tvn | discard JOURNAL",
+     u"Lists the unsaved work that killed programs left (name, time of the last change, project), saves or discards "
+     u"it, or "
+     u"puts a disc back that a killed run had set aside.",
      u"torvane-cli recover save 4711-1 holiday-again.tvn", 1, 3},
 };
 

@@ -5,8 +5,8 @@
 
 #include "cli/cli_prompter.h"
 #include "cli/console_view.h"
-#include "cli/media_commands.h"
 #include "cli/edit_commands.h"
+#include "cli/media_commands.h"
 #include "cli/project_info.h"
 #include "cli/recover_command.h"
 #include "cli/settings_commands.h"

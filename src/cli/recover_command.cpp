@@ -1,9 +1,13 @@
 #include "cli/recover_command.h"
 
+#include <QFileInfo>
 #include <algorithm>
 
 #include "cli/cli_prompter.h"
 #include "cli/commands.h"
+#include "compilers/disc_checks.h"
+#include "compilers/former_disc.h"
+#include "compilers/run_place.h"
 #include "core/journal_place.h"
 #include "core/left_journal.h"
 #include "core/project_file.h"
@@ -14,8 +18,31 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-void List(const std::vector<LeftJournal>& journals, Prompter& prompter) {
-  if (journals.empty()) prompter.Inform(u"There is no unsaved work of a program that was killed."_s);
+/// A former disc that a killed run left aside; none as long as a run has the directory, since it is at work with it.
+bool HasFormerDisc(const Settings& settings) {
+  return HostFiles::DirExists(settings.OutDir) && FormerDisc(settings.OutDir).IsLeft() &&
+         FolderLock::Take({settings.OutDir});
+}
+
+int PutBackFormerDisc(const Settings& settings, Prompter& prompter) {
+  if (!FormerDisc(settings.OutDir).IsLeft()) {
+    prompter.Inform(
+        u"There is no former disc of a run that was killed in %1."_s.arg(HostFiles::ToHost(settings.OutDir)));
+    return kExitDone;
+  }
+  const Result<FolderLock> lock = FolderLock::Take({settings.OutDir});
+  if (!lock) prompter.Fail(lock.Error());
+  return lock && RecoverFormerDisc(settings, prompter) ? kExitDone : kExitFailed;
+}
+
+void List(const std::vector<LeftJournal>& journals, const Settings& settings, Prompter& prompter) {
+  if (HasFormerDisc(settings)) {
+    const QString folder = HostFiles::ToHost(FormerDisc(settings.OutDir).Folder());
+    PrintOut(u"disc\t%1\t%2\n"_s.arg(QFileInfo(folder).lastModified().toString(Qt::ISODate),
+                                     HostFiles::ToHost(VideoTsDir(settings))));
+  } else if (journals.empty()) {
+    prompter.Inform(u"There is no unsaved work of a program that was killed."_s);
+  }
   for (const LeftJournal& journal : journals) {
     if (journal.Head()) {
       PrintOut(u"%1\t%2\t%3\n"_s.arg(journal.Name(), journal.Changed().toString(Qt::ISODate),
@@ -44,16 +71,20 @@ bool Save(LeftJournal& journal, const QString& name, const Settings& settings, P
 Status CheckRecoverArguments(const QStringList& arguments) {
   const QString& action = arguments.front();
   const qsizetype count = arguments.size();
-  if ((action == u"list" && count == 1) || (action == u"save" && count == 3) || (action == u"discard" && count == 2)) {
+  if (((action == u"list" || action == u"disc") && count == 1) || (action == u"save" && count == 3) ||
+      (action == u"discard" && count == 2)) {
     return {};
   }
-  return Failure{u"The command is: recover list, recover save JOURNAL OUT.tvn, or recover discard JOURNAL"_s};
+  return Failure{
+      u"The command is: recover list, recover disc, recover save JOURNAL OUT.tvn, or recover discard "
+      u"JOURNAL"_s};
 }
 
 int RunRecoverCommand(const CommandLine& line, const Settings& settings, Prompter& prompter) {
   std::vector<LeftJournal> journals = TakeLeftJournals(JournalDir(line.profileDir));
+  if (line.arguments.front() == u"disc") return PutBackFormerDisc(settings, prompter);
   if (line.arguments.front() == u"list") {
-    List(journals, prompter);
+    List(journals, settings, prompter);
     return kExitDone;
   }
   const auto journal = std::ranges::find(journals, line.arguments[1], &LeftJournal::Name);

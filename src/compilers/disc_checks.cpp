@@ -183,8 +183,9 @@ bool AgreesToReplaceImage(const Project& project, Prompter& prompter) {
 void TellOfFormerDisc(const Project& project, Prompter& prompter) {
   const QString dir = VideoTsDir(project.Settings);
   if (HostFiles::FileNames(dir).isEmpty()) return;
-  prompter.Inform(u"The folder %1 holds a former disc, which stays there. Please move or delete it before you run the "
-                  u"batches."_s.arg(HostFiles::ToHost(dir)));
+  prompter.Inform(
+      u"The folder %1 holds a former disc, which stays there. Please move or delete it before you run the "
+      u"batches."_s.arg(HostFiles::ToHost(dir)));
 }
 
 std::optional<FormerFate> CheckFreeSpace(const Project& project, Prompter& prompter) {

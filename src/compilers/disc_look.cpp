@@ -16,7 +16,7 @@ namespace {
 
 constexpr qint64 kSector = 2048;
 constexpr int kMostVobs = 9;
-constexpr qint64 kLastSectorAt = 0x0C;   ///< of an IFO: number of the last sector of all that it stands for
+constexpr qint64 kLastSectorAt = 0x0C;  ///< of an IFO: number of the last sector of all that it stands for
 constexpr qint64 kTitlesetCountAt = 0x3E;
 constexpr qint64 kVolumeAt = 16 * kSector;
 constexpr qint64 kVolumeBlocksAt = 80;
@@ -27,7 +27,9 @@ QByteArray ReadPart(const QString& path, qint64 from, qint64 count) {
   return file.open(QIODevice::ReadOnly) && file.seek(from) ? file.read(count) : QByteArray();
 }
 
-qint64 SizeOf(const QString& path) { return IsLink(path) ? 0 : HostFiles::FileSizeOf(path).value_or(0); }
+qint64 SizeOf(const QString& path) {
+  return IsLink(path) ? 0 : HostFiles::FileSizeOf(path).value_or(0);
+}
 
 /// Looks at one IFO and what it stands for.
 class IfoLook {
@@ -91,7 +93,8 @@ QStringList DiscFaults(const QString& videoTsDir, std::optional<int> titlesets) 
   if (!faults.isEmpty()) return faults;
   const int count = titlesets.value_or(disc.TitlesetCount());
   if (count != disc.TitlesetCount()) {
-    faults << u"The disc is not whole: %1 tells of %2 titlesets, the project has %3."_s.arg(HostFiles::ToHost(disc.Ifo()))
+    faults << u"The disc is not whole: %1 tells of %2 titlesets, the project has %3."_s
+                  .arg(HostFiles::ToHost(disc.Ifo()))
                   .arg(disc.TitlesetCount())
                   .arg(count);
   }
@@ -114,7 +117,8 @@ QStringList ImageFaults(const QString& image, const QString& dvdDir) {
 
 qint64 TreeSize(const QString& dosDir) {
   qint64 size = 0;
-  QDirIterator files(HostFiles::ToHost(dosDir), QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDirIterator::Subdirectories);
+  QDirIterator files(HostFiles::ToHost(dosDir), QDir::Files | QDir::Hidden | QDir::NoSymLinks,
+                     QDirIterator::Subdirectories);
   while (files.hasNext()) {
     files.next();
     size += files.fileInfo().size();

@@ -25,7 +25,9 @@ const QString kReplaced = u"replaced"_s;  ///< what stood where the former disc 
 const QString kDropped = u"dropped"_s;    ///< a former disc of which not all is deleted yet
 const QString kBeside = u".former"_s;
 
-QString NameIn(const QString& path) { return path.sliced(path.lastIndexOf(u'\\') + 1); }
+QString NameIn(const QString& path) {
+  return path.sliced(path.lastIndexOf(u'\\') + 1);
+}
 
 /// Never over something that is there.
 Status Rename(const QString& from, const QString& to) {
@@ -70,10 +72,13 @@ Status FormerDisc::WriteRecord() {
   if (NameExists(Aside(kRecord)) || IsEmptyFolder(folder_)) {
     return WriteGeneratedFile(Aside(kRecord), kHead.toByteArray() + image_.toUtf8() + '\n');
   }
-  return Failure{u"%1 is needed for the former disc, and Torvane did not make it. Please move it elsewhere."_s.arg(host)};
+  return Failure{
+      u"%1 is needed for the former disc, and Torvane did not make it. Please move it elsewhere."_s.arg(host)};
 }
 
-bool FormerDisc::IsLeft() const { return FormerDisc(outDir_).ReadRecord(); }
+bool FormerDisc::IsLeft() const {
+  return FormerDisc(outDir_).ReadRecord();
+}
 
 Status FormerDisc::Keep(DiscPart part, const QString& place) {
   if (!NameExists(place) || (part == DiscPart::Disc && IsEmptyFolder(place))) return {};
@@ -85,7 +90,9 @@ Status FormerDisc::Keep(DiscPart part, const QString& place) {
   return kept;
 }
 
-bool FormerDisc::IsAside(DiscPart part) const { return NameExists(KeptPath(part)); }
+bool FormerDisc::IsAside(DiscPart part) const {
+  return NameExists(KeptPath(part));
+}
 
 Status FormerDisc::PutBack(DiscPart part) {
   const QString kept = KeptPath(part);
@@ -111,7 +118,8 @@ void FormerDisc::Drop(DiscPart part) {
   if (part == DiscPart::Image) {
     (void)RemoveBelow(SplitPath(kept).dir, NameIn(kept));
   } else if (RemoveTree(Aside(kDropped))) {
-    // From here on it is no disc that could be put back: a program killed while deleting must not bring back half of it.
+    // From here on it is no disc that could be put back: a program killed while deleting must not bring back half of
+    // it.
     (void)Rename(kept, Aside(kDropped));
   }
   Tidy();

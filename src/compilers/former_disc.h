@@ -19,8 +19,8 @@ enum class FormerFate {
 /// The former VIDEO_TS folder and ISO image, set aside in the folder "DVD.former" of the output directory until what
 /// replaces them is whole. An image on another file system stays beside its place, as "NAME.ISO.former".
 ///
-/// Everything is renamed, nothing copied, so that a program killed at any moment leaves each part whole, in its place or
-/// aside. A record in the folder tells where the parts belong; it is written before the first of them moves.
+/// Everything is renamed, nothing copied, so that a program killed at any moment leaves each part whole, in its place
+/// or aside. A record in the folder tells where the parts belong; it is written before the first of them moves.
 class FormerDisc {
  public:
   /// `outDir` is a DOS path.

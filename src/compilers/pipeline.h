@@ -28,7 +28,7 @@ struct RunPlan {
   QString LogText = {};                   ///< for `TVNLogFile`
   bool AutoDelete = false;                ///< clean TempDir at the end; off when it holds what is not ours
   FormerFate Former = FormerFate::SetAside;
-  std::optional<int> Titlesets = {};      ///< that the disc must have; nothing when no disc is made
+  std::optional<int> Titlesets = {};  ///< that the disc must have; nothing when no disc is made
   bool operator==(const RunPlan&) const = default;
 };
 

@@ -16,11 +16,13 @@ Status MakeRunDir(const QString& key, const QString& dir) {
   if (HostFiles::DirExists(dir)) return {};
   const QString host = HostFiles::ToHost(dir);
   if (dir.isEmpty() || !QFileInfo(QFileInfo(host).absolutePath()).isDir()) {
-    return Failure{u"%1: the directory \"%2\" does not exist, and neither does the one it would lie in. Please make it, or "
-                   u"choose another."_s.arg(key, host)};
+    return Failure{
+        u"%1: the directory \"%2\" does not exist, and neither does the one it would lie in. Please make it, or "
+        u"choose another."_s.arg(key, host)};
   }
   if (QDir().mkdir(host)) return {};
-  return Failure{u"%1: the directory \"%2\" does not exist and cannot be made. Please choose another."_s.arg(key, host)};
+  return Failure{
+      u"%1: the directory \"%2\" does not exist and cannot be made. Please choose another."_s.arg(key, host)};
 }
 
 }  // namespace
@@ -33,7 +35,8 @@ bool RecoverFormerDisc(const Settings& settings, Prompter& prompter) {
     return false;
   }
   for (const QString& place : *places) {
-    prompter.Inform(u"A run that was killed had set %1 aside; it is back in its place."_s.arg(HostFiles::ToHost(place)));
+    prompter.Inform(
+        u"A run that was killed had set %1 aside; it is back in its place."_s.arg(HostFiles::ToHost(place)));
   }
   return true;
 }

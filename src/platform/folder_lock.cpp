@@ -32,7 +32,8 @@ QString HolderOf(int folder) {
     if (fields.size() < 6 || fields[1] != "FLOCK" || fields[5] != file || fields[4].toInt() <= 0) continue;
     const QString process = QString::fromLatin1(fields[4]);
     QFile name(u"/proc/%1/comm"_s.arg(process));
-    const QString program = name.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(name.readAll()).trimmed() : QString();
+    const QString program =
+        name.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(name.readAll()).trimmed() : QString();
     return program.isEmpty() ? u"process "_s + process : u"%1 (process %2)"_s.arg(program, process);
   }
   return u"another process"_s;

@@ -67,13 +67,21 @@ std::array<QString, 2> WaysOf(const QString& dosPath) {
 
 }  // namespace
 
-QString ResolvedPath(const QString& dosPath) { return Resolved(Absolute(dosPath)); }
+QString ResolvedPath(const QString& dosPath) {
+  return Resolved(Absolute(dosPath));
+}
 
-size_t qHash(const RealPlace& place, size_t seed) { return qHashMulti(seed, place.device, place.inode, place.rest); }
+size_t qHash(const RealPlace& place, size_t seed) {
+  return qHashMulti(seed, place.device, place.inode, place.rest);
+}
 
-RealPlace PlaceOf(const QString& dosPath) { return PlaceOfHost(Resolved(Absolute(dosPath))); }
+RealPlace PlaceOf(const QString& dosPath) {
+  return PlaceOfHost(Resolved(Absolute(dosPath)));
+}
 
-RealPlace PlaceOfName(const QString& dosPath) { return PlaceOfHost(ResolvedName(Absolute(dosPath))); }
+RealPlace PlaceOfName(const QString& dosPath) {
+  return PlaceOfHost(ResolvedName(Absolute(dosPath)));
+}
 
 bool LiesWithin(const QString& dosPath, const QString& dosFolder) {
   const RealPlace folder = PlaceOf(dosFolder);

@@ -23,7 +23,9 @@ namespace {
 
 constexpr int kFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-Failure Refusal(const QString& path, const QString& reason) { return Failure{u"%1: %2"_s.arg(path, reason)}; }
+Failure Refusal(const QString& path, const QString& reason) {
+  return Failure{u"%1: %2"_s.arg(path, reason)};
+}
 
 Failure SystemFailure(const QString& path) {
   return Refusal(path, QString::fromLocal8Bit(std::strerror(errno)));
@@ -48,7 +50,8 @@ Status Remove(const Entry& entry) {
 /// Empties and removes a folder of one file system; passes on from what fails and tells the first failure.
 Status RemoveAll(const Entry& entry, dev_t device) {
   OwnedFd opened(openat(entry.folder, entry.name.constData(), kFolder | O_NOFOLLOW));
-  if (!opened) return errno == ENOENT ? Status() : errno == ENOTDIR || errno == ELOOP ? Remove(entry) : SystemFailure(entry.path);
+  if (!opened)
+    return errno == ENOENT ? Status() : errno == ENOTDIR || errno == ELOOP ? Remove(entry) : SystemFailure(entry.path);
   struct stat state = {};
   if (fstat(opened.Get(), &state) != 0) return SystemFailure(entry.path);
   if (state.st_dev != device) return Refusal(entry.path, u"another file system is mounted there"_s);

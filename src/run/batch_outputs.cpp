@@ -52,7 +52,8 @@ QStringList WrittenPaths(const QByteArray& line) {
   QStringList paths;
   if (texts.empty()) return paths;
   const bool allOfThem = BeginsWithAnyOf(line, {"erase ", "rmdir ", "mkdir ", "attrib "});
-  const bool lastOfThem = line.startsWith("copy ") || texts.front().text.endsWith(u"\\requant.exe", Qt::CaseInsensitive);
+  const bool lastOfThem =
+      line.startsWith("copy ") || texts.front().text.endsWith(u"\\requant.exe", Qt::CaseInsensitive);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const QByteArray& before = texts[i].before;
     if (allOfThem || (lastOfThem && i + 1 == texts.size()) || before.endsWith("-o") || before.endsWith('>')) {

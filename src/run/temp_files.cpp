@@ -39,9 +39,13 @@ bool IsSubtitlePicture(const QString& name) {
 }
 
 /// Made for a moment and gone with the tool, unless it was killed.
-bool IsPrivateFolder(const QString& name) { return name.startsWith(u"torvane-cmd-"); }
+bool IsPrivateFolder(const QString& name) {
+  return name.startsWith(u"torvane-cmd-");
+}
 
-QString Dos(QString name) { return name.replace(u'/', u'\\'); }
+QString Dos(QString name) {
+  return name.replace(u'/', u'\\');
+}
 
 }  // namespace
 
@@ -57,7 +61,9 @@ TempFiles::TempFiles(QString tempDir) : tempDir_(std::move(tempDir)) {
   }
 }
 
-QString TempFiles::ListPath() const { return tempDir_ + u'\\' + kList; }
+QString TempFiles::ListPath() const {
+  return tempDir_ + u'\\' + kList;
+}
 
 bool TempFiles::IsFromFormerVersion() const {
   const QString batch = tempDir_ + u"\\batchrun0.bat"_s;
@@ -144,7 +150,8 @@ Status TempFiles::Note(const QStringList& names) {
   const QString path = HostFiles::ToHost(ListPath());
   if (!hasList_) {
     // What was adopted is noted with the first names of our own.
-    if (NameExists(ListPath())) return Failure{u"%1 is not a list of Torvane's own; please move it elsewhere."_s.arg(path)};
+    if (NameExists(ListPath()))
+      return Failure{u"%1 is not a list of Torvane's own; please move it elsewhere."_s.arg(path)};
     lines = kHead.toByteArray();
     for (const QString& name : std::as_const(names_)) lines += name.toUtf8() + '\n';
   }
@@ -163,8 +170,9 @@ Status TempFiles::Claim(const QStringList& names) {
   for (const QString& name : names) forms << name + kUnfinishedEnding;
   const QStringList others = OthersAmong(forms);
   if (others.isEmpty()) return Note(names);
-  return Failure{u"%1 would be overwritten, and Torvane did not make it. Please move it elsewhere or choose another "
-                 u"temporary directory."_s.arg(HostFiles::ToHost(tempDir_ + u'\\' + Dos(others.first())))};
+  return Failure{
+      u"%1 would be overwritten, and Torvane did not make it. Please move it elsewhere or choose another "
+      u"temporary directory."_s.arg(HostFiles::ToHost(tempDir_ + u'\\' + Dos(others.first())))};
 }
 
 Status TempFiles::Write(const QString& name, const QByteArray& content) {

@@ -12,8 +12,9 @@ namespace torvane {
 
 /// Which files and folders of a temporary directory are ours: those that the program or a step of its runs makes there.
 /// Each is noted before it is made, in the file ".torvane-files" of the directory, a name a line; only what stands
-/// there is ever cleaned away or written over. Names are those below the directory, with "/" between them ("Author.xml",
-/// "TempSub.d/sub00001.png"), and are compared without regard to case, as the lines of a batch find files.
+/// there is ever cleaned away or written over. Names are those below the directory, with "/" between them
+/// ("Author.xml", "TempSub.d/sub00001.png"), and are compared without regard to case, as the lines of a batch find
+/// files.
 ///
 /// A listed name covers the unfinished file beside it ("NAME.part"), and "TempSub.d" the pictures that sup2png makes.
 class TempFiles {

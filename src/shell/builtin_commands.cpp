@@ -13,6 +13,7 @@
 #include <cstring>
 
 #include "platform/host_files.h"
+#include "platform/removal.h"
 #include "shell/command_parser.h"
 #include "shell/current_directory.h"
 #include "shell/dos_wildcard.h"
@@ -117,9 +118,7 @@ int RemoveDirectory(const BuiltinCall& call) {
       if (info.canonicalFilePath() == u"/" || LiesInMachineRoot(path)) {
         return Fail(call, u"*ERROR: rmdir /S does not work in the root of this machine"_s);
       }
-      const bool removed =
-          info.isSymLink() ? QFile::remove(info.filePath()) : QDir(info.filePath()).removeRecursively();
-      if (!removed) level = Fail(call, path + u"\nAccess is denied."_s);
+      if (!RemoveTree(path)) level = Fail(call, path + u"\nAccess is denied."_s);
     } else if (arguments.Has(u'S')) {
       level = Fail(call, u"*ERROR: rmdir /S asks a question; it needs /Q here"_s);
     } else if (!HostFiles::RemoveDir(path)) {

@@ -63,7 +63,8 @@ class DiscKeeperTest : public testing::Test {
       return !bytes ? u"-"_s : *bytes == "former" ? u"former"_s : u"new"_s;
     };
     QString state = content(u"C:\\O\\DVD\\VIDEO_TS\\VIDEO_TS.IFO"_s) + u' ' + content(u"C:\\iso\\FILM.ISO"_s);
-    if (NameExists(u"C:\\O\\DVD.former"_s)) state += u" aside: " + HostFiles::FileNames(u"C:\\O\\DVD.former"_s).join(u' ');
+    if (NameExists(u"C:\\O\\DVD.former"_s))
+      state += u" aside: " + HostFiles::FileNames(u"C:\\O\\DVD.former"_s).join(u' ');
     return state;
   }
 
@@ -160,7 +161,8 @@ TEST_F(DiscKeeperTest, LinksGoThemselvesAndComeBack) {
     keeper.RunEnded();
     EXPECT_EQ(State(), works ? u"new new" : u"former former");
     EXPECT_EQ(IsLink(u"C:\\O\\DVD\\VIDEO_TS"_s), !works);
-    EXPECT_EQ(*HostFiles::Read(u"C:\\Films\\VIDEO_TS.IFO"_s) + *HostFiles::Read(u"C:\\Films\\keep.iso"_s), "formerformer");
+    EXPECT_EQ(*HostFiles::Read(u"C:\\Films\\VIDEO_TS.IFO"_s) + *HostFiles::Read(u"C:\\Films\\keep.iso"_s),
+              "formerformer");
   }
 }
 
@@ -179,9 +181,14 @@ TEST_F(DiscKeeperTest, ADiscIsLookedAtFileByFile) {
   EXPECT_EQ(DiscFaults(dir, std::nullopt), QStringList());
   EXPECT_EQ(DiscFaults(dir, 2).size(), 2);
   const std::pair<QString, QByteArray> damages[] = {
-      {u"VIDEO_TS.IFO"_s, QByteArray(kSector, 'x')}, {u"VIDEO_TS.BUP"_s, "short"},   {u"VIDEO_TS.VOB"_s, "more"},
-      {u"VTS_01_0.IFO"_s, {}},                       {u"VTS_01_0.BUP"_s, {}},        {u"VTS_01_1.VOB"_s, {}},
-      {u"VTS_01_1.VOB"_s, QByteArray(kSector, 'f')}, {u"VTS_01_2.VOB"_s, QByteArray(kSector, 'f')},
+      {u"VIDEO_TS.IFO"_s, QByteArray(kSector, 'x')},
+      {u"VIDEO_TS.BUP"_s, "short"},
+      {u"VIDEO_TS.VOB"_s, "more"},
+      {u"VTS_01_0.IFO"_s, {}},
+      {u"VTS_01_0.BUP"_s, {}},
+      {u"VTS_01_1.VOB"_s, {}},
+      {u"VTS_01_1.VOB"_s, QByteArray(kSector, 'f')},
+      {u"VTS_01_2.VOB"_s, QByteArray(kSector, 'f')},
   };
   for (const auto& [name, content] : damages) {
     drive_.Write(disc_ + name, content);

@@ -81,7 +81,8 @@ TEST_F(PipelineTest, WhatIsNotOursInTheTemporaryDirectorySwitchesCleaningOffOrRe
   const std::optional<RunPlan> plan = build(BatchUse::Run);
   ASSERT_TRUE(plan);
   EXPECT_FALSE(plan->AutoDelete || isoErases());
-  EXPECT_TRUE(prompter_.boxes.at(0).text.contains(u"did not make, such as mine.png")) << prompter_.boxes[0].text.toStdString();
+  EXPECT_TRUE(prompter_.boxes.at(0).text.contains(u"did not make, such as mine.png"))
+      << prompter_.boxes[0].text.toStdString();
   EXPECT_TRUE(build(BatchUse::WriteOnly));
   EXPECT_TRUE(HostFiles::Read(u"C:\\T\\makeiso.bat"_s)->contains("\r\nREM erase ")) << "batches follow the setting";
 
@@ -90,7 +91,8 @@ TEST_F(PipelineTest, WhatIsNotOursInTheTemporaryDirectorySwitchesCleaningOffOrRe
     for (const QString& file : TempNames()) ASSERT_TRUE(HostFiles::RemoveFile(u"C:\\T\\"_s + file));
     drive_.Write(u"T/"_s + name, "mine");
     EXPECT_FALSE(build(BatchUse::Run)) << name.toStdString();
-    EXPECT_TRUE(prompter_.boxes.back().text.contains(name, Qt::CaseInsensitive)) << prompter_.boxes.back().text.toStdString();
+    EXPECT_TRUE(prompter_.boxes.back().text.contains(name, Qt::CaseInsensitive))
+        << prompter_.boxes.back().text.toStdString();
     EXPECT_EQ(*HostFiles::Read(u"C:\\T\\"_s + name), "mine");
   }
 }

@@ -64,7 +64,8 @@ TEST(FolderLockTest, AFolderBelongsToOneProcessUntilThatEndsOrIsKilled) {
   EXPECT_TRUE(FolderLock::Take({u"C:\\P"_s})) << "what was taken before a refusal is free again";
   holder.Kill();
   EXPECT_TRUE(FolderLock::Take({u"C:\\O"_s, u"C:\\O\\T"_s}));
-  EXPECT_EQ(QDir(drive.Host(u"O"_s)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList{u"T"_s});
+  EXPECT_EQ(QDir(drive.Host(u"O"_s)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            QStringList{u"T"_s});
   EXPECT_FALSE(FolderLock::Take({u"C:\\missing"_s}));
 }
 

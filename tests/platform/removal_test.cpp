@@ -81,10 +81,20 @@ TEST_F(RemovalTest, OneNameBelowAFolderGoesAndNothingElseCan) {
     QString relative;
     bool removed;
   } cases[] = {
-      {u"a"_s, true},       {u"sub/b"_s, true},       {u"empty"_s, true},           {u"link"_s, true},
-      {u"missing"_s, true}, {u"link/keep"_s, false},  {u"../Films/keep"_s, false},  {u"sub/../../Films/keep"_s, false},
-      {u"sub"_s, false},    {u"/etc/missing"_s, false}, {u"."_s, false},            {u".."_s, false},
-      {QString(), false},   {u"sub//deep"_s, false},
+      {u"a"_s, true},
+      {u"sub/b"_s, true},
+      {u"empty"_s, true},
+      {u"link"_s, true},
+      {u"missing"_s, true},
+      {u"link/keep"_s, false},
+      {u"../Films/keep"_s, false},
+      {u"sub/../../Films/keep"_s, false},
+      {u"sub"_s, false},
+      {u"/etc/missing"_s, false},
+      {u"."_s, false},
+      {u".."_s, false},
+      {QString(), false},
+      {u"sub//deep"_s, false},
   };
   for (const auto& [relative, removed] : cases) {
     if (removed) continue;

@@ -28,8 +28,8 @@ TEST(ToolProgram, TheCheckAtStartKnowsWhatABatchWillFind) {
     return names.join(u' ');
   };
   EXPECT_EQ(found(), u"insnav.exe"_s) << "a tool of the console itself";
-  EXPECT_EQ(MissingPrograms({uR"(C:\mplex.exe)"_s, uR"(C:\mpeg2enc.exe)"_s, uR"(C:\x\MPLEX.exe)"_s, uR"(C:\insnav.exe)"_s,
-                             uR"(C:\requant.exe)"_s, uR"(C:\muxman.exe)"_s})
+  EXPECT_EQ(MissingPrograms({uR"(C:\mplex.exe)"_s, uR"(C:\mpeg2enc.exe)"_s, uR"(C:\x\MPLEX.exe)"_s,
+                             uR"(C:\insnav.exe)"_s, uR"(C:\requant.exe)"_s, uR"(C:\muxman.exe)"_s})
                 .join(u'\n'),
             u"mplex is not installed; install the Debian package mjpegtools\n"
             u"mpeg2enc is not installed; install the Debian package mjpegtools\n"
