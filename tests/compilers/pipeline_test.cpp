@@ -217,7 +217,7 @@ TEST_F(PipelineTest, APaletteThatCannotBeWrittenIsToldAndTheRestIsWritten) {
   ASSERT_TRUE(Pipeline().BuildProject(BatchUse::Run));
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_EQ(prompter_.boxes[0].kind, BoxKind::Warning);
-  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/T/Film1.pal: "))
+  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/T/Film1.pal "))
       << prompter_.boxes[0].text.toStdString();
 }
 
