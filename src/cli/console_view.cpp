@@ -24,7 +24,17 @@ void ConsoleView::Finished(RunOutcome outcome) {
 }
 
 void ConsoleView::Pump() {
-  if (run_) interrupts_.ApplyTo(*run_);
+  if (!run_) return;
+  switch (interrupts_.ApplyTo(*run_)) {
+    case InterruptWatch::Effect::None:
+      break;
+    case InterruptWatch::Effect::StopsAfterStep:
+      PrintError(u"stopping after this step; once more stops now\n"_s);
+      break;
+    case InterruptWatch::Effect::StopsNow:
+      PrintError(u"stopping now\n"_s);
+      break;
+  }
 }
 
 }  // namespace torvane

@@ -7,7 +7,7 @@
 namespace torvane {
 
 /// Shows a run on the command line: the console's text on the standard output as it comes, the progress on the
-/// standard error output. Ctrl-C aborts behind the running step, a second one ends that step as well.
+/// standard error output. Ctrl-C aborts behind the running step, a second one ends that step as well; each says so.
 class ConsoleView : public RunListener {
  public:
   void Follow(BatchRun& run) { run_ = &run; }

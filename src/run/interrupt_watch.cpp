@@ -35,13 +35,15 @@ InterruptWatch::~InterruptWatch() {
   for (size_t i = 0; i < std::size(kSignals); ++i) sigaction(kSignals[i], &former[i], nullptr);
 }
 
-void InterruptWatch::ApplyTo(BatchRun& run) {
+InterruptWatch::Effect InterruptWatch::ApplyTo(BatchRun& run) {
   const int now = presses;
-  if (now == applied_) return;
+  if (now == applied_) return Effect::None;
   const bool first = applied_ == 0;
   applied_ = now;
   if (first) run.RequestClose();
-  if (now > 1) run.Terminate();
+  if (now == 1) return Effect::StopsAfterStep;
+  run.Terminate();
+  return Effect::StopsNow;
 }
 
 }  // namespace torvane
