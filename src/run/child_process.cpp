@@ -2,7 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,7 +12,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <string>
 #include <vector>
 
 namespace torvane {
@@ -27,50 +26,92 @@ QString SystemReason(int error) {
   return QString::fromLocal8Bit(std::strerror(error));
 }
 
-/// The actions and attributes of a start, freed with the object.
-class SpawnPlan {
- public:
-  SpawnPlan() {
-    posix_spawn_file_actions_init(&actions);
-    posix_spawnattr_init(&attributes);
-  }
-  ~SpawnPlan() {
-    posix_spawn_file_actions_destroy(&actions);
-    posix_spawnattr_destroy(&attributes);
-  }
-  SpawnPlan(const SpawnPlan&) = delete;
-  SpawnPlan& operator=(const SpawnPlan&) = delete;
-
-  posix_spawn_file_actions_t actions;
-  posix_spawnattr_t attributes;
+/// What must be ready before the fork: between fork and exec a child only calls the system.
+struct Prepared {
+  std::vector<QByteArray> texts;
+  std::vector<char*> argv;
+  std::vector<char*> envp;
+  QByteArray directory;
 };
 
-int Spawn(const ChildCommand& command, int outputEnd, pid_t& id) {
-  SpawnPlan plan;
-  posix_spawn_file_actions_addopen(&plan.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_adddup2(&plan.actions, outputEnd, STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&plan.actions, outputEnd, STDERR_FILENO);
-  if (!command.directory.isEmpty()) {
-    posix_spawn_file_actions_addchdir_np(&plan.actions, QFile::encodeName(command.directory).constData());
+Prepared Prepare(const ChildCommand& command) {
+  Prepared prepared;
+  prepared.directory = QFile::encodeName(command.directory);
+  for (const QString& text : QStringList{command.program} + command.arguments) {
+    prepared.texts.push_back(QFile::encodeName(text));
   }
-  sigset_t none;
-  sigset_t usual;
-  sigemptyset(&none);
-  sigemptyset(&usual);
-  sigaddset(&usual, SIGPIPE);
-  posix_spawnattr_setsigmask(&plan.attributes, &none);
-  posix_spawnattr_setsigdefault(&plan.attributes, &usual);
-  posix_spawnattr_setpgroup(&plan.attributes, 0);
-  posix_spawnattr_setflags(&plan.attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+  const size_t environmentBegin = prepared.texts.size();
+  for (char** entry = environ; *entry; ++entry) {
+    const QByteArray text(*entry);
+    if (!command.environment.contains(QString::fromLocal8Bit(text.left(text.indexOf('='))))) {
+      prepared.texts.push_back(text);
+    }
+  }
+  for (auto entry = command.environment.cbegin(); entry != command.environment.cend(); ++entry) {
+    prepared.texts.push_back(QFile::encodeName(entry.key() + u'=' + entry.value()));
+  }
+  for (size_t i = 0; i < prepared.texts.size(); ++i) {
+    (i < environmentBegin ? prepared.argv : prepared.envp).push_back(prepared.texts[i].data());
+  }
+  prepared.argv.push_back(nullptr);
+  prepared.envp.push_back(nullptr);
+  return prepared;
+}
 
-  std::vector<std::string> words;
-  const QStringList texts = QStringList{command.program} + command.arguments;
-  for (const QString& text : texts) words.push_back(QFile::encodeName(text).toStdString());
-  std::vector<char*> argv;
-  argv.reserve(words.size() + 1);
-  for (std::string& word : words) argv.push_back(word.data());
-  argv.push_back(nullptr);
-  return posix_spawn(&id, argv[0], &plan.actions, &plan.attributes, argv.data(), environ);
+/// Ends with this program, also when that is killed: the request to end comes from the system then. It must find no
+/// handler of this program, and none comes to a child whose parent was gone before it asked for it.
+void EndWithParent(pid_t parent) {
+  signal(SIGTERM, SIG_DFL);
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  prctl(PR_SET_PDEATHSIG, SIGTERM);
+  if (getppid() != parent) _exit(127);
+}
+
+[[noreturn]] void BecomeProgram(const Prepared& prepared, int outputEnd, int failureEnd, pid_t parent) {
+  setpgid(0, 0);
+  EndWithParent(parent);
+  signal(SIGPIPE, SIG_DFL);
+  // First out of the way of 0, 1 and 2, which may be closed in this program.
+  outputEnd = fcntl(outputEnd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  failureEnd = fcntl(failureEnd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  const int nothing = open("/dev/null", O_RDONLY);
+  const bool placed =
+      dup2(nothing, STDIN_FILENO) >= 0 && dup2(outputEnd, STDOUT_FILENO) >= 0 && dup2(outputEnd, STDERR_FILENO) >= 0;
+  if (nothing > STDERR_FILENO) close(nothing);
+  if (placed && (prepared.directory.isEmpty() || chdir(prepared.directory.constData()) == 0)) {
+    execve(prepared.argv[0], prepared.argv.data(), prepared.envp.data());
+  }
+  const int reason = errno;
+  [[maybe_unused]] const ssize_t told = write(failureEnd, &reason, sizeof reason);
+  _exit(127);
+}
+
+/// The reason why a started child could not become its program; 0 when it did.
+int StartFailure(int readEnd) {
+  int reason = 0;
+  ssize_t got = 0;
+  do {
+    got = read(readEnd, &reason, sizeof reason);
+  } while (got < 0 && errno == EINTR);
+  return got == ssize_t(sizeof reason) ? reason : 0;
+}
+
+/// Gives the system's reason when the program could not be started, else 0.
+int Spawn(const ChildCommand& command, int outputEnd, pid_t& id) {
+  int failure[2];
+  if (pipe2(failure, O_CLOEXEC) != 0) return errno;
+  const Prepared prepared = Prepare(command);
+  const pid_t self = getpid();
+  id = fork();
+  if (id == 0) BecomeProgram(prepared, outputEnd, failure[1], self);
+  int reason = id < 0 ? errno : 0;
+  close(failure[1]);
+  if (id > 0) reason = StartFailure(failure[0]);
+  close(failure[0]);
+  if (id > 0 && reason != 0) waitpid(id, nullptr, 0);
+  return reason;
 }
 
 }  // namespace
@@ -90,7 +131,8 @@ ChildProcess::Started ChildProcess::Start(const ChildCommand& command, QString& 
     return Started::NoPipe;
   }
   // The program is named from here, not from the directory it will run in.
-  const ChildCommand absolute{QDir::current().absoluteFilePath(command.program), command.arguments, command.directory};
+  ChildCommand absolute = command;
+  absolute.program = QDir::current().absoluteFilePath(command.program);
   const int error = Spawn(absolute, ends[1], id_);
   close(ends[1]);
   if (error != 0) {

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -13,7 +14,8 @@ namespace torvane {
 struct ChildCommand {
   QString program;
   QStringList arguments;
-  QString directory;  ///< "" for the current one
+  QString directory;                        ///< "" for the current one
+  QMap<QString, QString> environment = {};  ///< what it has beside the environment of this program
 };
 
 /// How a child process ended.
@@ -24,7 +26,8 @@ struct ChildEnd {
 
 /// One child process in a process group of its own, without standard input, with output and errors merged in a pipe.
 ///
-/// The group keeps a Ctrl-C at the terminal from reaching the tools, and lets a crashed console's tools be ended.
+/// The group keeps a Ctrl-C at the terminal from reaching the tools, and lets a crashed console's tools be ended. The
+/// process gets a SIGTERM when the thread that started it is gone, also when this program was killed.
 class ChildProcess {
  public:
   enum class Started { Yes, NoPipe, NoProcess };

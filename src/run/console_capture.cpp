@@ -25,7 +25,8 @@ ConsoleEnd NotRun(std::uint32_t number, const QString& text, const QString& deta
 
 }  // namespace
 
-ConsoleCapture::ConsoleCapture(QString consoleProgram) : consoleProgram_(std::move(consoleProgram)) {}
+ConsoleCapture::ConsoleCapture(QString consoleProgram, double toolPatience)
+    : consoleProgram_(std::move(consoleProgram)), toolPatience_(toolPatience) {}
 
 ConsoleCapture::~ConsoleCapture() = default;
 
@@ -43,6 +44,7 @@ ConsoleEnd ConsoleCapture::RunProcess(const QString& commandLine, const QString&
 
   ChildCommand command = ParseCommandLine(commandLine, consoleProgram_);
   command.directory = HostFiles::ToHost(directory);
+  command.environment[u"TORVANE_TOOL_PATIENCE"_s] = QString::number(toolPatience_);
   auto child = std::make_unique<ChildProcess>();
   QString reason;
   switch (child->Start(command, reason)) {

@@ -18,8 +18,9 @@ namespace torvane {
 /// What a process left behind in the background prints later is not waited for.
 class ConsoleCapture : public Console {
  public:
-  /// "cmd.exe" and "cmd" in a command line stand for `consoleProgram`, a host path.
-  explicit ConsoleCapture(QString consoleProgram = DefaultConsoleProgram());
+  /// "cmd.exe" and "cmd" in a command line stand for `consoleProgram`, a host path. It is told to end a tool that does
+  /// nothing for `toolPatience` minutes; 0 is never.
+  explicit ConsoleCapture(QString consoleProgram = DefaultConsoleProgram(), double toolPatience = 0);
   ~ConsoleCapture() override;
 
   /// "torvane-cmd" in the directory of the running program.
@@ -45,6 +46,7 @@ class ConsoleCapture : public Console {
   void EndByForceWhenDue();
 
   QString consoleProgram_;
+  double toolPatience_;
   QString commandLine_;
   std::unique_ptr<ChildProcess> child_;
   ConsoleDecoder decoder_;
