@@ -31,6 +31,8 @@ QString FaultOf(const ConsoleEnd& end, const QString& commandLine) {
       return u"The console running %1 was ended by signal %2 (%3)"_s.arg(commandLine, QString::number(end.code),
                                                                          QString::fromLocal8Bit(strsignal(end.code)));
     case ConsoleEnd::Kind::Exited:
+      if (end.code == 0) break;
+      return u"The console running %1 ended with status %2"_s.arg(commandLine, QString::number(end.code));
     case ConsoleEnd::Kind::Cancelled:
       break;
   }
@@ -73,7 +75,8 @@ void BatchRun::Open() {
     FailWithLine(u"The log file cannot be written: "_s + started.Error());
     return;
   }
-  RunConsole(u"cmd.exe"_s);
+  const QString commandLine = u"cmd.exe"_s;
+  TellFault(RunConsole(commandLine), commandLine, 0);
 }
 
 void BatchRun::Tick() {
@@ -113,8 +116,7 @@ void BatchRun::Terminate() {
 }
 
 void BatchRun::Abort() {
-  nextIndex_ = lastIndex_ + 1;
-  runFinished_ = true;
+  StartNoMore();
   runAborted_ = true;
   SetCaption(caption_ + u"     Aborting..."_s);
 }
@@ -131,32 +133,50 @@ void BatchRun::StartStep() {
   SetCaption(u"BatchRun Log   Running: "_s + batch);
   transcript_.Add(u"Time: %1\r\n"_s.arg(Now()));
   if (!ScanFindsNothing()) {
-    runFinished_ = true;
-    nextIndex_ = lastIndex_ + 1;
+    StartNoMore();
     return;
   }
   listener_.StepStarted(index, request_.BatchList.size(), batch);
   const qint64 started = clock_.milliseconds();
-  RunConsole(u"cmd /k "_s + batch);
+  const qsizetype from = transcript_.Shown().size();
+  const QString commandLine = u"cmd /k "_s + batch;
+  const ConsoleEnd end = RunConsole(commandLine);
   listener_.StepEnded(index, double(clock_.milliseconds() - started) / 1000);
   if (nextIndex_ == lastIndex_) runFinished_ = true;
   ++nextIndex_;
+  TellFault(end, commandLine, from);
   EndStep(batch);
 }
 
-/// Judges the step that has ended, also the last one: what it has made is kept or not by this.
+/// Judges the step that has ended, also the last one: what it has made is kept or not by this. The error words that it
+/// printed are marked by the scan that follows.
 void BatchRun::EndStep(const QString& batch) {
   if (!request_.keeper) return;
-  const bool failed = !ScanFindsNothing() || errorShown_ || terminated_;
+  const bool failed = errorShown_ || terminated_ || scan_.FindsError(transcript_);
   for (const QString& fault : request_.keeper->StepEnded(batch, failed)) FailWithLine(fault);
-  if (errorShown_) {
-    runFinished_ = true;
-    nextIndex_ = lastIndex_ + 1;
+}
+
+/// Fails the run for the way a console ended, unless the scan will find what it has printed. `from` is where its text
+/// begins in what the user sees.
+void BatchRun::TellFault(const ConsoleEnd& end, const QString& commandLine, qsizetype from) {
+  const QString fault = FaultOf(end, commandLine);
+  if (fault.isEmpty() || terminated_) return;
+  if (end.kind == ConsoleEnd::Kind::Exited) {
+    if (scan_.FindsError(transcript_)) return;
+    // In a syntax check the scan passes over what the console itself says.
+    const std::vector<RunMark> complaints = MarkComplaints(transcript_.Shown(), from);
+    for (const RunMark& mark : complaints) listener_.Marked(mark);
+    if (!complaints.empty()) {
+      ShowError();
+      StartNoMore();
+      return;
+    }
   }
+  FailWithLine(fault);
 }
 
 /// Runs one console to its end, together with the logs that its tools write.
-void BatchRun::RunConsole(const QString& commandLine) {
+ConsoleEnd BatchRun::RunConsole(const QString& commandLine) {
   stepRunning_ = true;
   const QString tail = commandLine.toLower();
   watchedLogs_.clear();
@@ -167,12 +187,11 @@ void BatchRun::RunConsole(const QString& commandLine) {
   const ConsoleEnd end = console_.RunProcess(commandLine, request_.TempDir, *this);
   for (ToolLog* log : watchedLogs_) log->CheckMuxManLogFile(ToolLog::Moment::Final);
   stepRunning_ = false;
-  const QString fault = FaultOf(end, commandLine);
-  if (!fault.isEmpty() && !terminated_) FailWithLine(fault);
+  return end;
 }
 
 void BatchRun::ReadProcess(const QString& chunk) {
-  if (const std::optional<QString> shown = repair_.Take(chunk)) transcript_.Add(*shown);
+  transcript_.AddOutput(chunk, repair_.Take(chunk));
   if (chunk.endsWith(u'>')) {
     promptText_ = chunk.chopped(1);
     promptText_.remove(u'\r').remove(u'\n');
@@ -233,6 +252,10 @@ void BatchRun::FailWithLine(const QString& reason) {
   transcript_.Add(u"\r\n*ERROR %1\r\n"_s.arg(reason));
   listener_.Marked({from + 2, transcript_.Shown().size() - from - 4});
   ShowError();
+  StartNoMore();
+}
+
+void BatchRun::StartNoMore() {
   runFinished_ = true;
   nextIndex_ = lastIndex_ + 1;
 }

@@ -39,8 +39,9 @@ struct RunClock {
   static qint64 SteadyMilliseconds();
 };
 
-/// Runs batch files one after the other through a console, judges them by the text they print, and stops behind the
-/// first one whose text holds an error word.
+/// Runs batch files one after the other through a console and stops behind the first one that fails: by an error word
+/// in its text as it came, by an exit status of the console other than 0, by a console that died, or by what the keeper
+/// finds wrong with what it made.
 ///
 /// A window calls Open once, Tick about every 100 ms (also from within RunListener::Pump, where it does nothing while
 /// a step runs) and RequestClose when the user closes it. A command line calls RunToEnd.
@@ -91,13 +92,15 @@ class BatchRun : private ConsoleClient {
 
   void StartStep();
   void EndStep(const QString& batch);
-  void RunConsole(const QString& commandLine);
+  void TellFault(const ConsoleEnd& end, const QString& commandLine, qsizetype from);
+  ConsoleEnd RunConsole(const QString& commandLine);
   void Pause(int milliseconds);
   void CloseRun();
   void AppendToProjectLog();
   bool ScanFindsNothing();
   void FailWithLine(const QString& reason);
   void Abort();
+  void StartNoMore();
   void ShowError();
   void SetCaption(const QString& caption);
   QString Verdict() const;

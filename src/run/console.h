@@ -17,7 +17,7 @@ struct ConsoleError {
 /// How a console came to its end.
 struct ConsoleEnd {
   enum class Kind {
-    Exited,     ///< ended by itself; `code` is its exit code
+    Exited,     ///< ended by itself; `code` is its exit code: 0, unless it had to complain
     Signalled,  ///< ended by a signal; `code` is its number
     Cancelled,  ///< nobody listens any more; the process may still run
     NotRun      ///< could not be started; `error` tells why

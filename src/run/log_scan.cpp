@@ -45,7 +45,31 @@ RunMark MarkStackdump(const QString& text, qsizetype hit) {
   return {from, std::min(hit + kStackdumpLineLength, text.size()) - from};
 }
 
+/// The line of a text in which a word was found, which may begin with the end of the line before.
+QString LineOf(const QString& text, qsizetype hit) {
+  const auto isLineEnd = [](QChar c) { return c == u'\n' || c == u'\r'; };
+  while (hit < text.size() && isLineEnd(text[hit])) ++hit;
+  qsizetype from = hit;
+  while (from > 0 && !isLineEnd(text[from - 1])) --from;
+  qsizetype end = hit;
+  while (end < text.size() && !isLineEnd(text[end])) ++end;
+  return text.sliced(from, end - from);
+}
+
+RunMark ShowLine(Transcript& transcript, const QString& line) {
+  transcript.Add(u"\r\n%1\r\n"_s.arg(line));
+  return {transcript.Shown().size() - line.size() - 2, line.size()};
+}
+
 }  // namespace
+
+std::vector<RunMark> MarkComplaints(const QString& text, qsizetype from) {
+  std::vector<RunMark> marks;
+  for (qsizetype hit = text.indexOf(u"*ERROR", from); hit >= 0; hit = text.indexOf(u"*ERROR", hit + 1)) {
+    marks.push_back(MarkToLineEnd(text, hit));
+  }
+  return marks;
+}
 
 LogScan::LogScan(int engine, QString runMode, const QString& tempDir)
     : engine_(engine), runMode_(std::move(runMode)), stackdumpFile_(tempDir + u"\\spumux.exe.stackdump"_s) {}
@@ -53,12 +77,17 @@ LogScan::LogScan(int engine, QString runMode, const QString& tempDir)
 std::vector<RunMark> LogScan::ScanConsoleOutput(Transcript& transcript) {
   std::vector<RunMark> marks;
   const QString& text = transcript.Shown();
+  const QString came = transcript.ToJudge();
   const QStringList words = ErrorWords(engine_, runMode_);
   for (qsizetype row = 0; row < words.size(); ++row) {
-    if (words[row].isEmpty()) continue;
+    const qsizetype hitAsItCame = words[row].isEmpty() ? -1 : came.indexOf(words[row]);
+    if (hitAsItCame < 0) continue;
     const qsizetype hit = text.indexOf(words[row], std::max<qsizetype>(checkedUpTo_, 1) - 1);
-    if (hit < 0) continue;
-    marks.push_back(row == kStackdumpRow ? MarkStackdump(text, hit) : MarkToLineEnd(text, hit));
+    if (hit < 0) {
+      marks.push_back(ShowLine(transcript, LineOf(came, hitAsItCame)));
+    } else {
+      marks.push_back(row == kStackdumpRow ? MarkStackdump(text, hit) : MarkToLineEnd(text, hit));
+    }
   }
   if (HostFiles::FileExists(stackdumpFile_)) {
     const QString line = u"*ERROR spumux crashed (stackdump)\r\n"_s;
@@ -66,7 +95,15 @@ std::vector<RunMark> LogScan::ScanConsoleOutput(Transcript& transcript) {
     marks.push_back({text.size() - line.size(), line.size()});
   }
   checkedUpTo_ = text.size();
+  transcript.Judged();
   return marks;
+}
+
+bool LogScan::FindsError(const Transcript& transcript) const {
+  const QStringList words = ErrorWords(engine_, runMode_);
+  return HostFiles::FileExists(stackdumpFile_) || std::ranges::any_of(words, [&](const QString& word) {
+           return !word.isEmpty() && transcript.ToJudge().contains(word);
+         });
 }
 
 }  // namespace torvane

@@ -14,6 +14,9 @@ struct RunMark {
   bool operator==(const RunMark&) const = default;
 };
 
+/// Marks of all lines of a text from a position on, in which the console itself complains ("*ERROR").
+std::vector<RunMark> MarkComplaints(const QString& text, qsizetype from);
+
 /// Looks for the error words of the outside tools in the growing text of a run.
 class LogScan {
  public:
@@ -21,11 +24,14 @@ class LogScan {
   /// check, only a parse error does among what dvdauthor prints. `tempDir` is a DOS path.
   LogScan(int engine, QString runMode, const QString& tempDir);
 
-  /// Marks of the first hit of each error word in what was shown since the last call; empty when there is none.
+  /// Marks of the first hit of each error word in what came since the last call; empty when there is none.
   /// The last character of the text looked at before is looked at again, so that a word behind a line end is found
-  /// when that line end came earlier. A `spumux.exe.stackdump` in the temporary directory is an error as well, and
-  /// adds a line to the text at each call.
+  /// when that line end came earlier. A line that was not shown, since it looked like a repeat, is added to the text.
+  /// A `spumux.exe.stackdump` in the temporary directory is an error as well, and adds a line at each call.
   std::vector<RunMark> ScanConsoleOutput(Transcript& transcript);
+
+  /// Whether the next scan will find anything. Changes nothing.
+  bool FindsError(const Transcript& transcript) const;
 
   /// Position, from 1, up to which the text was looked at.
   qsizetype CheckedUpTo() const { return checkedUpTo_; }

@@ -8,8 +8,7 @@ namespace torvane {
 
 enum class RunSign { Error, Success };
 
-/// How a run went: all steps ran and no error word was found; one was found, or the console failed; or the user
-/// stopped it.
+/// How a run went: all steps ran well; one failed, or the console did; or the user stopped it.
 enum class RunOutcome { Finished, Failed, Aborted };
 
 /// Follows a run live. Everything is called on the thread that drives the run.
@@ -24,7 +23,7 @@ class RunListener {
   /// A step begins: its index from 0, the number of steps, its batch file.
   virtual void StepStarted(qsizetype /*index*/, qsizetype /*count*/, const QString& /*batch*/) {}
 
-  /// The step has ended after so many seconds; whether it went well, the scan before the next one tells.
+  /// The step has ended after so many seconds; whether it went well is told behind this.
   virtual void StepEnded(qsizetype /*index*/, double /*seconds*/) {}
 
   /// A range of the text shown so far is to be seen in red.

@@ -1,5 +1,6 @@
 #include "run/transcript.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace torvane {
@@ -12,12 +13,28 @@ void Transcript::Add(const QString& text) {
 }
 
 void Transcript::AddShown(const QString& text) {
-  shown_ += text;
-  onShown_(text);
+  toJudge_ += text;
+  Show(text);
 }
 
 void Transcript::AddConsole(const QString& text) {
   consoleText_ += text;
+}
+
+void Transcript::AddOutput(const QString& came, const std::optional<QString>& shown) {
+  toJudge_ += came;
+  if (!shown) return;
+  AddConsole(*shown);
+  Show(*shown);
+}
+
+void Transcript::Judged() {
+  toJudge_ = toJudge_.last(std::min<qsizetype>(toJudge_.size(), 1));
+}
+
+void Transcript::Show(const QString& text) {
+  shown_ += text;
+  onShown_(text);
 }
 
 }  // namespace torvane

@@ -202,6 +202,40 @@ TEST_F(BatchRunTest, AStepWhoseWorkIsNotWholeFailsTheRun) {
   }
 }
 
+TEST_F(BatchRunTest, AStepFailsByWhatItSaidAsItCameAndByTheConsolesStatus) {
+  // Between the blank lines of one piece of output the complaint looks like a repeat, which is not shown.
+  const QString swallowed = u"mux\r\n\r\n*ERROR: mplex died\r\n\r\nC:\\T>"_s;
+  ASSERT_FALSE(RepairRepeatedLines(swallowed).contains(u"*ERROR"));
+  const ConsoleEnd complained{ConsoleEnd::Kind::Exited, 120, {}};
+  const QByteArray statusLine = "\r\n*ERROR The console running cmd /k a.bat ended with status 120\r\n";
+  const QString missing = u"*ERROR: dvdauthor is missing\r\n"_s;
+  const struct {
+    const char* what;
+    QString runMode, text;
+    ConsoleEnd end;
+    QByteArray logEnd;
+    QString marked;
+  } cases[] = {
+      {"swallowed", u"0"_s, swallowed, {}, "\r\n*ERROR: mplex died\r\n", u"red *ERROR: mplex died"_s},
+      {"no word", u"0"_s, u"C:\\T>"_s, complained, statusLine, u"red "_s + QString::fromUtf8(statusLine).trimmed()},
+      {"a word and a status", u"0"_s, missing, complained, "*ERROR: dvdauthor is missing\r\n",
+       u"red "_s + missing.trimmed()},
+      {"syntax check", u"1"_s, missing, complained, "*ERROR: dvdauthor is missing\r\n", u"red "_s + missing.trimmed()},
+  };
+  for (const auto& c : cases) {
+    Recorder recorder;
+    FaultFinder keeper;
+    console_.plays = {{u"cmd /k a.bat"_s, {{c.text}, c.end}}};
+    RunRequest request = Request({u"a.bat"_s});
+    request.RunMode = c.runMode;
+    request.keeper = &keeper;
+    EXPECT_EQ(BatchRun(request, console_, recorder, clock_).RunToEnd(), RunOutcome::Failed) << c.what;
+    EXPECT_TRUE(Log().endsWith(c.logEnd)) << c.what << Log().toStdString();
+    EXPECT_TRUE(recorder.events.contains(c.marked)) << c.what << recorder.events.join(u'\n').toStdString();
+    EXPECT_EQ(keeper.asked.join(u' '), u"a.bat failed end"_s) << c.what;
+  }
+}
+
 TEST_F(BatchRunTest, AStackdumpFailsTheRunAtEachScan) {
   console_.plays[u"cmd /k a.bat"_s] = {{u"C:\\T>"_s}, {}, [] { Make(u"C:\\T\\spumux.exe.stackdump"_s); }};
   EXPECT_EQ(Run(Request({u"a.bat"_s, u"b.bat"_s})), RunOutcome::Failed);
@@ -362,15 +396,19 @@ TEST_F(BatchRunTest, NoStepsAreARunThatFinishes) {
 TEST_F(BatchRunTest, TheFirstInterruptAbortsAndTheSecondEndsTheStep) {
   ConsoleCapture console(QStringLiteral(TORVANE_BIN_DIR "/run_console_helper"));
   BatchRun run(Request({u"hang"_s, u"exit 3"_s}), console, recorder_, clock_);
+  std::vector<InterruptWatch::Effect> effects;
   {
     InterruptWatch interrupts;
     int pumps = 0;
     recorder_.onPump = [&] {
       if (run.ShownText().endsWith(u'\n') && run.ShownText().count(u'\n') > 2 && ++pumps <= 2) raise(SIGINT);
-      interrupts.ApplyTo(run);
+      const auto effect = interrupts.ApplyTo(run);
+      if (effect != InterruptWatch::Effect::None) effects.push_back(effect);
     };
     EXPECT_EQ(run.RunToEnd(), RunOutcome::Aborted);
   }
+  using enum InterruptWatch::Effect;
+  EXPECT_EQ(effects, (std::vector{StopsAfterStep, StopsNow}));
   EXPECT_EQ(run.Caption(), u"BatchRun Log   Aborted"_s);
   EXPECT_FALSE(run.ShownText().contains(u"*ERROR"_s)) << run.ShownText().toStdString();
 }
