@@ -149,7 +149,7 @@ class Session {
                        .UseImgBurn = settings.UseImgBurn,
                        .keeper = keeper,
                        .protectedFiles = ProjectFiles(project_) << IsoFile(settings)};
-    ConsoleCapture console;
+    ConsoleCapture console(ConsoleCapture::DefaultConsoleProgram(), settings.ToolPatience);
     ConsoleView view;
     BatchRun run(std::move(request), console, view);
     view.Follow(run);

@@ -35,7 +35,7 @@ struct ProjectDifference {
     MenuSlot after;
   };
 
-  using SettingValue = std::variant<bool, int, QString, GifMaskRecord, FontRecord>;
+  using SettingValue = std::variant<bool, int, double, QString, GifMaskRecord, FontRecord>;
   struct Setting {
     SettingMember member;
     SettingValue before;

@@ -68,6 +68,7 @@ QString SettingText(const Settings& settings, const SettingRow& row) {
   return std::visit(Overloaded{
                         [&](bool Settings::*flag) { return settings.*flag ? u"1"_s : u"0"_s; },
                         [&](int Settings::*number) { return TextOfNumber(row.kind, settings.*number); },
+                        [&](double Settings::*number) { return FormatNumberDot(settings.*number); },
                         [&](QString Settings::*text) { return settings.*text; },
                         [&](GifMaskRecord Settings::*mask) { return FormatMaskString(settings.*mask); },
                         [&](FontRecord Settings::*font) { return FormatFontString(settings.*font); },
@@ -79,6 +80,7 @@ void SetSettingText(Settings& settings, const SettingRow& row, const QString& te
   std::visit(Overloaded{
                  [&](bool Settings::*flag) { settings.*flag = Val(text) != 0; },
                  [&](int Settings::*number) { settings.*number = NumberOfText(row.kind, text); },
+                 [&](double Settings::*number) { settings.*number = std::max(Val(text), 0.0); },
                  [&](QString Settings::*value) { settings.*value = text; },
                  [&](GifMaskRecord Settings::*mask) {
                    settings.*mask = ParseMaskString(text, settings.AppPath, settings.OwnGifMaskDir);

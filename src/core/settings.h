@@ -45,6 +45,7 @@ struct Settings {  // NOLINT(clang-analyzer-optin.performance.Padding): by theme
   int DVDViewerType = 0;
   int Engine = 0;
   QString AniEncoder = QStringLiteral("HC");
+  double ToolPatience = 10;  ///< minutes after which a tool that does nothing is ended; 0 is never
 
   // Authoring
   int NumStillFrames = 1;

@@ -34,6 +34,11 @@ Status CheckNumber(const SettingRow& row, const QString& text) {
   return Failure{limits.arg(row.key).arg(range.least).arg(range.most).arg(text)};
 }
 
+Status CheckDecimal(const SettingRow& row, const QString& text) {
+  if (Matches(text.trimmed(), uR"(\d+(\.\d+)?)"_s)) return {};
+  return Failure{u"%1 takes a number such as 2.5 that is not negative, not \"%2\"."_s.arg(row.key, text)};
+}
+
 Status CheckFlag(const SettingRow& row, const QString& text) {
   const QString number = text.trimmed();
   if (number == u"0" || number == u"1") return {};
@@ -100,6 +105,8 @@ Status CheckSettingText(const SettingRow& row, const QString& text) {
     case SettingKind::Magnitude:
     case SettingKind::Byte:
       return row.form == SettingForm::Choice ? CheckChoice(row, text) : CheckNumber(row, text);
+    case SettingKind::Decimal:
+      return CheckDecimal(row, text);
     case SettingKind::Mask:
       return CheckMask(row, text);
     case SettingKind::Font:

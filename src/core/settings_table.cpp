@@ -25,6 +25,10 @@ constexpr SettingRow Byte(QStringView key, int Settings::*member, ProjectPlace p
   return {key, SettingKind::Byte, member, place, preset};
 }
 
+constexpr SettingRow Decimal(QStringView key, double Settings::*member) {
+  return {key, SettingKind::Decimal, member, {}};
+}
+
 constexpr SettingRow Text(QStringView key, QString Settings::*member, ProjectPlace place = {},
                           PresetPlace preset = {}) {
   return {key, SettingKind::Text, member, place, preset};
@@ -95,6 +99,8 @@ constexpr auto kSettings = std::to_array<SettingRow>({
     Switch(u"Engine", &Settings::Engine, {5, 2, u"ENGINE"})
         .Means(u"The authoring engine: 0 is dvdauthor, 1 is MuxMan."),
     Text(u"AniEncoder", &Settings::AniEncoder).OneOf(u"HC QuEnc").Means(u"The encoder of animated menus: HC or QuEnc."),
+    Decimal(u"ToolPatience", &Settings::ToolPatience)
+        .Means(u"Minutes after which a tool that does nothing is ended; 0 is never."),
     // Authoring
     Number(u"NumStillFrames", &Settings::NumStillFrames)
         .From(1, 99)

@@ -16,14 +16,15 @@ enum class SettingKind {
   Number,     ///< decimal, 32 bits
   Magnitude,  ///< decimal, without its sign
   Byte,       ///< decimal, 0 to 255
+  Decimal,    ///< a number that may have a fraction, not below 0
   Text,       ///< as it stands
   Path,       ///< text that names a file or directory
   Mask,       ///< string form of a GifMaskRecord
   Font,       ///< string form of a FontRecord
 };
 
-using SettingMember = std::variant<bool Settings::*, int Settings::*, QString Settings::*, GifMaskRecord Settings::*,
-                                   FontRecord Settings::*>;
+using SettingMember = std::variant<bool Settings::*, int Settings::*, double Settings::*, QString Settings::*,
+                                   GifMaskRecord Settings::*, FontRecord Settings::*>;
 
 /// Where a project file holds the setting: as an attribute of one of its elements SETTINGS, SETTINGS2 to SETTINGS5.
 struct ProjectPlace {

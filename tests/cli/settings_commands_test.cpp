@@ -33,6 +33,7 @@ TEST_F(SettingsCommandsTest, RefusesWhatIsNoSettingAndStoresNothingThen) {
   for (const auto& [arguments, reason] : std::initializer_list<std::pair<QString, QString>>{
            {u"set RasterX=8 RasterY=wide"_s, u"RasterY takes a whole number, not \"wide\"."_s},
            {u"set UseRaster=2"_s, u"UseRaster takes 0 or 1, not \"2\"."_s},
+           {u"set ToolPatience=-1"_s, u"ToolPatience takes a number such as 2.5 that is not negative, not \"-1\"."_s},
            {u"set Engine=-1"_s, u"Engine takes 0 or 1, not \"-1\"."_s},
            {u"set DefHighLightFillTrans=256"_s, u"DefHighLightFillTrans takes a number from 0 to 255, not 256."_s},
            {u"set LangID=3"_s, u"LangID takes 1000, 2000, not \"3\"."_s},

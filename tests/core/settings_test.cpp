@@ -26,7 +26,7 @@ TEST(Settings, TheTableDescribesEachKeyOnce) {
     expectNew(u"key "_s + row.key);
     if (row.project.element != 0) expectNew(u"place %1 %2"_s.arg(row.project.element).arg(row.project.position));
   }
-  EXPECT_EQ(WriteSettings({}).size(), 149);
+  EXPECT_EQ(WriteSettings({}).size(), 150);
 }
 
 /// Gives every setting a value that is not its default; where two rows shared a member, one of them would not hold.
@@ -58,6 +58,7 @@ TEST(Settings, DamagedTextsReadByTheRuleOfTheirKind) {
     QString readAs;
   } cases[] = {
       {u"AskForSave"_s, u"-1"_s, u"1"_s},    {u"AskForSave"_s, u"yes"_s, u"0"_s},
+      {u"ToolPatience"_s, u"2.50"_s, u"2.5"_s}, {u"ToolPatience"_s, u"-1"_s, u"0"_s},
       {u"Engine"_s, u"7"_s, u"1"_s},         {u"AutoChapter"_s, u"2"_s, u"2"_s},
       {u"RasterX"_s, u"12 px"_s, u"12"_s},   {u"RasterX"_s, u""_s, u"0"_s},
       {u"DefTextColor"_s, u"99999999999"_s, u"2147483647"_s},
