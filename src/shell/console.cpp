@@ -32,7 +32,11 @@ that the environment variable TORVANE_DRIVE_X names. dvdauthor, spumux, mplex, m
 jpeg2yuv and mkisofs are taken from this machine, wherever the batch looks for them; insnav, sup2png and
 requant are part of this program, and requant uses ffmpeg.
 
-A line that begins with *ERROR tells what failed. The exit code is that of the last command.
+A line that begins with *ERROR tells what failed. The exit code is that of the last command; with /k it
+is 0, or 120 when there was such a line.
+
+TORVANE_TOOL_PATIENCE gives the minutes after which a tool that does nothing is ended; 0, or none
+given, is never.
 )"_s;
 
 /// The words of a command line as one text. A file of this machine may be named as here.
@@ -69,8 +73,15 @@ int RunConsole(const QStringList& arguments) {
     return missing.isEmpty() ? 0 : 1;
   }
   WatchForStopSignals();
+  bool isNumber = true;
+  const QString given = qEnvironmentVariable("TORVANE_TOOL_PATIENCE");
+  const double patience = given.isEmpty() ? 0 : given.toDouble(&isNumber);
+  if (!isNumber || !(patience >= 0)) {
+    WriteAll(2, u"torvane-cmd: TORVANE_TOOL_PATIENCE is no number of minutes\n"_s.toUtf8());
+    return 2;
+  }
   // Tools print on either stream; whoever runs this console reads one text.
-  Shell shell({0, 1, 1});
+  Shell shell({0, 1, 1}, patience);
   const QString option = arguments.value(0).toLower();
   const bool keep = option == u"/k" || option == u"-k";
   const bool close = option == u"/c" || option == u"-c";
@@ -84,7 +95,9 @@ int RunConsole(const QStringList& arguments) {
     shell.PrintPrompt();
     shell.RunInteractively();
   }
-  return StopSignal() ? 128 + StopSignal() : shell.ErrorLevel();
+  if (StopSignal()) return 128 + StopSignal();
+  if (!keep) return shell.ErrorLevel();
+  return shell.HasComplained() ? kComplained : 0;
 }
 
 }  // namespace torvane

@@ -67,6 +67,19 @@ QString ControlFile::StatedVideoFormat() const {
   return {};
 }
 
+QString ControlFile::Disc() const {
+  QString folder;
+  bool hasManager = false;
+  for (const LoosePiece& piece : pieces_) {
+    hasManager = hasManager || IsTag(piece, u"vmgm"_s);
+    if (!IsTag(piece, u"dvdauthor"_s)) continue;
+    for (const LooseAttribute& attribute : piece.attributes) {
+      if (attribute.name == u"dest") folder = PathOfValue(attribute.value);
+    }
+  }
+  return hasManager ? folder : QString();
+}
+
 QStringList ControlFile::Films() const {
   QStringList films;
   for (const LoosePiece& piece : pieces_) {

@@ -34,6 +34,9 @@ class ControlFile {
   /// "PAL" or "NTSC" as the first video element states; "" when none does.
   QString StatedVideoFormat() const;
 
+  /// DOS path of the folder that dvdauthor fills with a disc, with its table of titles; "" where it makes none.
+  QString Disc() const;
+
   /// DOS paths of the films, in order.
   QStringList Films() const;
 

@@ -23,6 +23,7 @@ constexpr int kTurnMs = 20;
 
 volatile std::sig_atomic_t stopSignal = 0;
 volatile std::sig_atomic_t processGroup = 0;  // 0 while nothing runs or the stages share the group of this process
+bool isStage = false;  // this process is a stage itself, and so a member of the group of its chain
 
 void OnStopSignal(int signalNumber) {
   stopSignal = signalNumber;
@@ -83,6 +84,8 @@ void PlaceStreams(const Streams& streams) {
   PlaceStreams(stage.streams);
   if (stage.inside) {
     close_range(3, ~0U, 0);  // the ends of the other stages' pipes
+    isStage = true;
+    processGroup = 0;
     _exit(stage.inside(Streams{}));
   }
   execve(prepared.program.constData(), prepared.argv.data(), prepared.envp.data());
@@ -179,30 +182,39 @@ bool PassOn(std::vector<Running>& running, QList<ProcessEnd>& ends, int timeoutM
   return any;
 }
 
+/// The group, when the children have one of their own, goes with all that they started.
 void KillAll(const std::vector<Running>& running, int number) {
+  if (processGroup > 0) kill(-processGroup, number);
   for (const Running& child : running) {
     if (!child.ended) kill(child.pid, number);
   }
 }
 
 /// Waits for all children, and gives those that do not heed a request to stop a limited time.
-void Await(std::vector<Running>& running, QList<ProcessEnd>& ends, const sigset_t& waitMask) {
+void Await(std::vector<Running>& running, QList<ProcessEnd>& ends, const Patience& patience, const sigset_t& waitMask) {
+  IdleWatch watch(patience);
+  bool isOver = false;
   int stoppingMs = 0;
   for (;;) {
-    bool left = false;
+    std::vector<pid_t> left;
     for (std::size_t i = 0; i < running.size(); ++i) {
       int status = 0;
       if (!running[i].ended && waitpid(running[i].pid, &status, WNOHANG) == running[i].pid) {
         Take(status, running[i], ends[qsizetype(i)]);
       }
-      left = left || !running[i].ended;
+      if (!running[i].ended) left.push_back(running[i].pid);
     }
-    if (!left) break;
-    if (stopSignal) {
+    if (left.empty()) break;
+    if (!isOver && !stopSignal && watch.IsOver(left)) {
+      isOver = true;
+      for (std::size_t i = 0; i < running.size(); ++i) ends[qsizetype(i)].wasIdle = !running[i].ended;
+    }
+    const bool isStopping = isOver || stopSignal;
+    if (isStopping) {
       KillAll(running, stoppingMs < kPatienceMs ? SIGTERM : SIGKILL);
       stoppingMs += kTurnMs;
     }
-    PassOn(running, ends, stopSignal ? kTurnMs : -1, waitMask);
+    PassOn(running, ends, isStopping ? kTurnMs : watch.NextLookMs(), waitMask);
   }
   // A grandchild may keep a watched stream open: what waits there now is passed on, and no more is waited for.
   while (PassOn(running, ends, 0, waitMask)) continue;
@@ -226,11 +238,12 @@ bool WriteAll(int fd, const QByteArray& bytes) {
   return true;
 }
 
-QList<ProcessEnd> RunProcesses(const QList<ProcessStage>& stages, const std::function<void()>& release) {
+QList<ProcessEnd> RunProcesses(const QList<ProcessStage>& stages, const std::function<void()>& release,
+                               const Patience& patience) {
   QList<ProcessEnd> ends(stages.size());
   std::vector<Running> running(std::size_t(stages.size()));
   // At a terminal the stages stay in the group that the terminal talks to, or they could not read from it.
-  const bool ownGroup = !isatty(0);
+  const bool ownGroup = !isatty(0) && !isStage;
   pid_t group = ownGroup ? 0 : -1;
   const pid_t self = getpid();
   const HeldSignals held;
@@ -267,7 +280,7 @@ QList<ProcessEnd> RunProcesses(const QList<ProcessStage>& stages, const std::fun
     }
   }
   release();
-  Await(running, ends, held.WaitMask());
+  Await(running, ends, patience, held.WaitMask());
   processGroup = 0;
   return ends;
 }

@@ -9,19 +9,26 @@
 
 #include "platform/host_files.h"
 #include "shell/current_directory.h"
+#include "shell/written_file.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 namespace {
 
+/// Nothing is written to where a link leads.
 int OpenFlags(Redirection::Kind kind) {
-  if (kind == Redirection::Kind::Write) return O_WRONLY | O_CREAT | O_TRUNC;
-  if (kind == Redirection::Kind::Append) return O_WRONLY | O_CREAT | O_APPEND;
+  if (kind == Redirection::Kind::Write) return O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW;
+  if (kind == Redirection::Kind::Append) return O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW;
   return O_RDONLY;
 }
 
 }  // namespace
+
+QString RedirectionTarget(const Redirection& redirection) {
+  const bool nothing = redirection.target.compare(u"nul", Qt::CaseInsensitive) == 0;
+  return nothing ? u"/dev/null"_s : HostFiles::ToHost(ResolveDosPath(redirection.target));
+}
 
 RedirectedStreams OpenRedirections(const QList<Redirection>& redirections, const Streams& base) {
   RedirectedStreams opened;
@@ -33,8 +40,13 @@ RedirectedStreams OpenRedirections(const QList<Redirection>& redirections, const
       if (redirection.duplicateOf <= 2) handle = handles[std::size_t(redirection.duplicateOf)];
       continue;
     }
-    const bool nothing = redirection.target.compare(u"nul", Qt::CaseInsensitive) == 0;
-    const QString host = nothing ? u"/dev/null"_s : HostFiles::ToHost(ResolveDosPath(redirection.target));
+    const QString host = RedirectionTarget(redirection);
+    if (redirection.kind == Redirection::Kind::Write) {
+      if (const Status way = MakeWayFor(host); !way) {
+        opened.error = way.Error();
+        return opened;
+      }
+    }
     OwnedFd file(open(QFile::encodeName(host).constData(), OpenFlags(redirection.kind) | O_CLOEXEC, 0666));
     if (!file) {
       opened.error = u"%1: %2"_s.arg(host, QString::fromLocal8Bit(std::strerror(errno)));

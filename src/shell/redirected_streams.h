@@ -19,7 +19,11 @@ struct RedirectedStreams {
   QString error;        ///< host path and reason of what could not be opened; empty when all could
 };
 
-/// Opens what the redirections name, from left to right as the batch language does; "nul" is nothing.
+/// Host path of the file that a redirection names; "nul" is nothing.
+QString RedirectionTarget(const Redirection& redirection);
+
+/// Opens what the redirections name, from left to right as the batch language does. The file behind a ">" is a
+/// new one, also where a link stood.
 RedirectedStreams OpenRedirections(const QList<Redirection>& redirections, const Streams& base);
 
 }  // namespace torvane

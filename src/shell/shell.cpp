@@ -22,9 +22,27 @@ constexpr std::size_t kDeepest = 64;      // batches that call each other
 constexpr int kDeepestConditional = 100;  // IFs within IFs
 constexpr int kNoSuchProgram = 9009;
 
+/// Host paths of the files that ">" makes anew, and of all others that the commands may name.
+std::pair<QStringList, QStringList> NamedFiles(const QList<CommandText>& commands) {
+  QStringList made;
+  QStringList others;
+  for (const CommandText& command : commands) {
+    for (const Redirection& redirection : command.redirections) {
+      if (redirection.kind == Redirection::Kind::Duplicate) continue;
+      (redirection.kind == Redirection::Kind::Write ? made : others) << RedirectionTarget(redirection);
+    }
+    for (const CommandWord& word : SplitWords(command.text)) others << HostFiles::ToHost(ResolveDosPath(word.text));
+  }
+  return {made, others};
+}
+
+bool IsStatusQuestion(const QString& conditional) {
+  return conditional.contains(u"errorlevel", Qt::CaseInsensitive);
+}
+
 }  // namespace
 
-Shell::Shell(const Streams& streams) : streams_(streams), console_(streams.out) {
+Shell::Shell(const Streams& streams, double patience) : streams_(streams), console_(streams.out), patience_(patience) {
   variables_.dynamic = [this](const QString& name) -> std::optional<QString> {
     if (name == u"CD") return HostFiles::CurrentDirectory();
     if (name == u"ERRORLEVEL") return QString::number(errorLevel_);
@@ -103,9 +121,11 @@ void Shell::RunParsed(const ParsedLine& parsed) {
     return;
   }
   const int jumpsBefore = jumps_;
-  for (const CommandChain& chain : parsed.chains) {
+  for (qsizetype i = 0; i < parsed.chains.size(); ++i) {
+    const CommandChain& chain = parsed.chains[i];
     if (chain.joint == CommandChain::Joint::AfterSuccess && errorLevel_ != 0) continue;
     if (chain.joint == CommandChain::Joint::AfterFailure && errorLevel_ == 0) continue;
+    nextChain_ = i + 1 < parsed.chains.size() ? &parsed.chains[i + 1] : nullptr;
     if (!chain.conditional.isEmpty()) {
       RunConditional(chain.conditional);
     } else if (chain.stages.size() == 1) {
@@ -269,6 +289,12 @@ RunKind Shell::KindOfRun() const {
 }
 
 void Shell::RunPrograms(const QList<CommandText>& commands) {
+  const auto [made, others] = NamedFiles(commands);
+  if (const QString both = WrittenWhileRead(made, others); !both.isEmpty()) {
+    errorLevel_ = 1;
+    Report(u"%1 would be overwritten while it is read"_s.arg(both));
+    return;
+  }
   PrivateFolder folder;
   std::vector<RedirectedStreams> opened;
   std::vector<OwnedFd> pipes;
@@ -295,14 +321,34 @@ void Shell::RunPrograms(const QList<CommandText>& commands) {
     }
     tools << *tool;
   }
-  const ChainOutcome outcome = RunToolChain(tools, created, [&] {
+  const ChainOutcome outcome = RunToolChain(tools, created, patience_, [&] {
     pipes.clear();
     opened.clear();
   });
   errorLevel_ = outcome.errorLevel;
   if (StopSignal() != 0) return;
-  // A program may have stopped within a line.
-  for (const QString& complaint : outcome.complaints) PrintText(console_, u"\n*ERROR: %1\n"_s.arg(complaint));
+  QStringList complaints = outcome.complaints;
+  if (!outcome.statusComplaint.isEmpty() && !AsksForStatus()) complaints << outcome.statusComplaint;
+  for (const QString& complaint : complaints) {
+    PrintText(console_, u"\n"_s);  // a program may have stopped within a line
+    Report(complaint);
+  }
+}
+
+/// Whether the command that comes next deals with the status of the one that has ended.
+bool Shell::AsksForStatus() const {
+  if (nextChain_) {
+    return nextChain_->joint == CommandChain::Joint::AfterFailure || IsStatusQuestion(nextChain_->conditional);
+  }
+  if (frames_.empty()) return false;
+  const Frame& frame = *frames_.back();
+  for (qsizetype i = frame.next; i < frame.script->lines.size(); ++i) {
+    const QString line = FromFirstWord(frame.script->lines[i]);
+    if (line.isEmpty() || line.startsWith(u':')) continue;
+    const QList<CommandChain> chains = ParseCommandLine(line).chains;
+    return !chains.isEmpty() && IsStatusQuestion(chains.first().conditional);
+  }
+  return false;
 }
 
 Result<ToolCommand> Shell::MakeStage(const QString& commandText, const RedirectedStreams& opened,
@@ -334,6 +380,7 @@ Result<ToolCommand> Shell::MakeStage(const QString& commandText, const Redirecte
 }
 
 void Shell::Report(const QString& text) {
+  complained_ = true;
   PrintText(console_, u"*ERROR: %1\n"_s.arg(text));
 }
 

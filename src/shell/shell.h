@@ -17,14 +17,16 @@ namespace torvane {
 /// Runs the batch language as generated batches use it: commands of the language itself here, outside programs through
 /// MakeToolCommand. Texts go to the file descriptors given, in UTF-8 with CR LF; what a program prints goes there
 /// unchanged. A line that begins with "*ERROR" tells a failure that cmd.exe would not have told: a program that is
-/// missing or ended with a status other than 0 or by a signal, a batch or label that is not there, a line that cannot
-/// be read.
+/// missing, was ended by a signal or for doing nothing, ended with a status other than 0 or did not leave what it shall
+/// make; a batch or label that is not there, a line that cannot be read. A status that the batch asks about is its own
+/// affair: where the next command is an IF that names ERRORLEVEL, or stands behind "||".
 ///
-/// As with cmd.exe a failed command does not stop its batch. The file behind the ">" of a failed program is removed, so
-/// that no half of a film passes for the whole.
+/// As with cmd.exe a failed command does not stop its batch. What a failed program was to write is removed, so that no
+/// half of a film, and no film of an earlier run, passes for the whole.
 class Shell {
  public:
-  explicit Shell(const Streams& streams);
+  /// `patience` is how many minutes the programs of a command may do nothing; 0 is for ever.
+  explicit Shell(const Streams& streams, double patience = 0);
 
   /// Runs one line as if typed at the prompt.
   void RunLine(const QString& line);
@@ -40,6 +42,9 @@ class Shell {
 
   /// ERRORLEVEL: 0, or the status of what failed last; 9009 for a program that is missing.
   int ErrorLevel() const { return errorLevel_; }
+
+  /// True when there was a line that begins with "*ERROR".
+  bool HasComplained() const { return complained_; }
 
  private:
   /// A batch that runs, or a CALL of one of its labels.
@@ -64,16 +69,20 @@ class Shell {
   void Exit(const QString& rest);
   void Echo(const QString& rest);
   void StartBatch(const QString& path, const QStringList& arguments);
+  bool AsksForStatus() const;
   void Report(const QString& text);
   RunKind KindOfRun() const;
 
   Streams streams_;
   int console_;  // where failures are told, whatever is redirected
+  double patience_;
   BatchVariables variables_;
   std::vector<Frame*> frames_;
   int errorLevel_ = 0;
   bool echo_ = true;
   bool exiting_ = false;
+  bool complained_ = false;
+  const CommandChain* nextChain_ = nullptr;  // the one behind the running one in its line
   int jumps_ = 0;         // counts GOTO and the like: what stands behind one in its line is not run
   int conditionals_ = 0;  // IFs within IFs
 };

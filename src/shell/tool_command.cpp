@@ -40,6 +40,7 @@ class CommandMaker {
     firstArgument_ = found->arguments.size();
     command_.stage.environment[u"LC_ALL"_s] = u"C.UTF-8"_s;
     AddArguments();
+    Promise();
     if (tool_ && tool_->own && !wine_) BringOwn();
     if (tool_ && tool_->isMplex) {
       if (const Status prepared = PrepareSound(); !prepared) return Failure{prepared.Error()};
@@ -84,8 +85,10 @@ class CommandMaker {
       } else if (!plain && !isOption && (word.quoted || argument.contains(u'\\'))) {
         argument = Map(ResolveDosPath(argument));
       }
-      if (tool_ && !isOption && !option.isEmpty() && option == tool_->outputOption) {
-        command_.output = HostFiles::ToHost(ResolveDosPath(word.text));
+      if (!isOption) {
+        const bool isOutput =
+            tool_ && (i == tool_->outputPlace || (!option.isEmpty() && option == tool_->outputOption));
+        (isOutput ? command_.outputs : command_.inputs) << HostFiles::ToHost(ResolveDosPath(word.text));
       }
       if (tool_ && !wine_ && IsPattern(option, argument)) argument.replace(u'%', u"%%"_s);
       if (!isOption && NamesControlFile(option)) {
@@ -95,6 +98,17 @@ class CommandMaker {
       command_.stage.arguments << argument;
       option = isOption ? word.text : QString();
     }
+  }
+
+  void Promise() {
+    if (!files_.input.isEmpty()) command_.inputs << files_.input;
+    if (!tool_) return;
+    for (const QString& output : command_.outputs) {
+      command_.promised << PromisedFile{output, wine_ ? QByteArray() : tool_->ending};
+    }
+    if (tool_->streamsOutput && !files_.output.isEmpty()) command_.promised << PromisedFile{files_.output};
+    command_.streamsOutput = tool_->streamsOutput && files_.output.isEmpty();
+    command_.patience = tool_->patience;
   }
 
   bool IsPattern(const QString& option, const QString& argument) const {
@@ -121,7 +135,7 @@ class CommandMaker {
 
   Status PrepareSound() {
     QStringList& arguments = command_.stage.arguments;
-    const Result<MplexArguments> prepared = PrepareMplexSound(arguments.sliced(firstArgument_), command_.output,
+    const Result<MplexArguments> prepared = PrepareMplexSound(arguments.sliced(firstArgument_), command_.outputs.value(0),
                                                               wine_ ? MplexKind::Wine : MplexKind::Native);
     if (!prepared) return Failure{prepared.Error()};
     arguments = arguments.first(firstArgument_) + prepared->arguments;
@@ -161,6 +175,8 @@ class CommandMaker {
         if (Status reduced = ReduceToCheck(file, format, *folder); !reduced) return reduced;
       } else {
         file.ExcludePanScan();
+        const QString disc = file.Disc();
+        if (!disc.isEmpty()) command_.promised << PromisedFile{HostFiles::ToHost(disc) + u"/VIDEO_TS/VIDEO_TS.IFO"_s};
         if (const Status replaced = ReplacePalettes(file, *folder); !replaced) return replaced;
       }
       file.MapAuthorPaths(map);

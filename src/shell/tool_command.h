@@ -32,13 +32,23 @@ struct RedirectedFiles {
 
 enum class RunKind { Real, SyntaxCheck };
 
+/// A file that a command must leave behind: whole, new and not empty.
+struct PromisedFile {
+  QString hostPath;
+  QByteArray ending = {};  ///< what it ends with when it is whole; "" when that is not known
+};
+
 /// What a command line of an outside program comes to on this machine.
 struct ToolCommand {
   QString name;  ///< the program's name for messages; "" for a command of the batch language
   ProcessStage stage;
-  QString output;                               ///< host path of the file that an option names as its output, if any
+  QStringList inputs;                           ///< host paths of what its arguments name beside its outputs
+  QStringList outputs;                          ///< host paths of the files that it makes by name, always anew
+  QList<PromisedFile> promised;                 ///< all that it must leave
+  double patience = 0;                          ///< minutes that it may do nothing; 0 for the user's choice
   std::function<void()> discard;                ///< removes what a failed or stopped run has left unfinished, if set
   std::shared_ptr<QTemporaryDir> scratch = {};  ///< large files for this run alone, beside its output
+  bool streamsOutput = false;                   ///< its work goes to the command behind it
   bool addsSubpictures = false;                 ///< a spumux run, which fails when it added none
 };
 
@@ -56,8 +66,7 @@ struct ToolCommand {
 /// second colour of that palette for the outlines and the third for the letters. The palette is the ".pal" file that
 /// has the name of the output less its "_SUB1".
 ///
-/// Fails with a text for a line of the
-/// console that begins behind "*ERROR: ".
+/// Fails with a text for a line of the console that begins behind "*ERROR: ".
 Result<ToolCommand> MakeToolCommand(const QList<CommandWord>& words, const RedirectedFiles& files, RunKind kind,
                                     PrivateFolder& folder);
 

@@ -62,7 +62,7 @@ Result<ToolProgram> FindToolProgram(const QString& named) {
       found.arguments = {u"wine"_s, existing};
       return found;
     }
-    if (!found.entry) {
+    if (!found.entry || (found.entry->program.isEmpty() && !found.entry->own)) {
       return Failure{u"%1 is a Windows program; install the Debian package wine to run it"_s.arg(named)};
     }
   }

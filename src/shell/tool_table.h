@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -19,8 +20,12 @@ struct ToolEntry {
   QStringList plainValue = {};    ///< options whose value is no path
   QStringList patternValue = {};  ///< options whose value is a printf pattern, so that a "%" must be doubled
   QString outputOption = {};      ///< the option that names the file it writes
+  int outputPlace = 0;            ///< where its arguments name the file it writes, from 1; 0 for nowhere
+  bool streamsOutput = false;     ///< what it prints on its standard output is its work
+  QByteArray ending = {};         ///< what a file that it has written to its end ends with
   bool isMplex = false;           ///< its sound and its delay are made fit for it
   const OwnTool* own = nullptr;   ///< what stands for it when it is a tool of this console
+  double patience = 0;  ///< minutes that it may do nothing, where that is not the user's choice; 0 where it is
 };
 
 /// The entry of a stem, looked up without regard to case; nullptr for a stem that is not in the table.

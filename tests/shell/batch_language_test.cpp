@@ -73,11 +73,37 @@ TEST_F(BatchLanguage, AnswersWithErrorLevels) {
   const QByteArray batch = Probe() +
                            " status 3\r\nIF ERRORLEVEL 4 GOTO Four\r\nIF ERRORLEVEL 3 GOTO Three\r\n"
                            "echo none\r\n:Four\r\necho four\r\n:Three\r\necho three %ERRORLEVEL%\r\n";
-  EXPECT_EQ(RunBatch(batch), "\r\n*ERROR: shell_probe ended with status 3\r\nthree 3\r\n");
+  EXPECT_EQ(RunBatch(batch), "three 3\r\n");
   Write(u"y.bat"_s, "@exit /b 7\r\n");
   EXPECT_EQ(RunBatch("call y\r\nif not errorlevel 8 if errorlevel 7 echo seven\r\n"), "seven\r\n");
   EXPECT_EQ(Run({u"/c"_s, u"y.bat"_s}).exitCode, 7);
   EXPECT_EQ(Run({u"/c"_s, u"exit"_s, u"5"_s}).exitCode, 5);
+}
+
+TEST_F(BatchLanguage, ComplainsOfAStatusThatNobodyAsksAboutAndTellsItWithItsOwn) {
+  const struct {
+    QByteArray lines;
+    bool complains;
+  } cases[] = {
+      {"probe status 3\r\n\r\n:next\r\n@if not errorlevel 1 echo no\r\n", false},
+      {"if exist x.bat probe status 3\r\nIF %ErrorLevel% == 3 echo three\r\n", false},
+      {"probe status 3 & if errorlevel 1 echo asked\r\n", false},
+      {"probe status 3 || echo asked\r\n", false},
+      {"exit /b 7\r\n", false},
+      {"probe status 3\r\n", true},
+      {"probe status 3\r\necho between\r\nif errorlevel 1 echo late\r\n", true},
+      {"probe status 3 && echo no\r\n", true},
+      {"probe signal 9\r\nif errorlevel 1 echo asked\r\n", true},
+      {"probe status 3 | probe cat\r\nif errorlevel 1 echo asked\r\n", true},
+      {"nothing.exe\r\nif errorlevel 1 echo asked\r\n", true},
+      {"if exist\r\n", true},
+  };
+  for (auto [lines, complains] : cases) {
+    Write(u"x.bat"_s, "@echo off\r\n" + lines.replace("probe", Probe()));
+    const ConsoleRun run = Run({u"/k"_s, u"x.bat"_s});
+    EXPECT_EQ(Contains(run.output, "*ERROR"), complains) << lines.toStdString();
+    EXPECT_EQ(run.exitCode, complains ? 120 : 0) << lines.toStdString();
+  }
 }
 
 TEST_F(BatchLanguage, CallReturnsAndAPlainBatchDoesNot) {

@@ -86,14 +86,94 @@ TEST_F(Programs, LeaveNoHalfOutputBehindWhenTheyFail) {
 
   MakeTool(u"mplex"_s, "for last; do :; done; [ -f \"$last\" ] || exit 1; echo half > \"$5\"; exit 2\n");
   Write(u"in.m2v"_s, "x");
-  Write(u"whole.mpg"_s, "whole");
-  RunBatch("mplex.exe -M -f 8 -o \"C:\\T\\new.mpg\" in.m2v\r\nmplex.exe -M -f 8 -o whole.mpg nothing.m2v\r\n");
-  EXPECT_FALSE(QFile::exists(Host(u"new.mpg"_s)));
-  EXPECT_EQ(Read(u"whole.mpg"_s), "whole");
+  Write(u"former.mpg"_s, "whole");
+  RunBatch("mplex.exe -M -f 8 -o \"C:\\T\\new.mpg\" in.m2v\r\nmplex.exe -M -f 8 -o former.mpg nothing.m2v\r\n");
+  EXPECT_EQ(Files(), (QStringList{u"in.m2v"_s, u"kept.txt"_s, u"log.txt"_s, u"x.bat"_s}));
+}
+
+TEST_F(Programs, KeepWhatTheyPromise) {
+  const std::string host = Host({}).toStdString();
+  const struct {
+    const char* what;
+    QString tool;
+    QByteArray does, line;
+    std::string complaint;
+  } cases[] = {
+      {"nothing", u"mplex"_s, "", "mplex -o out.mpg in", "mplex made no out.mpg"},
+      {"an empty file", u"mpeg2enc"_s, ": > \"$2\"", "mpeg2enc -o out.mpg", "mpeg2enc left out.mpg empty"},
+      {"half a file", u"mplex"_s, "echo half > \"$2\"", "mplex -o out.mpg in", "mplex left out.mpg unfinished"},
+      {"a whole file", u"mplex"_s, "printf 'x\\000\\000\\001\\271' > \"$2\"", "mplex -o out.mpg in", ""},
+      {"nothing behind >", u"png2yuv"_s, "", "png2yuv -j in > C:\\T\\out.mpg", "png2yuv made no " + host + "out.mpg"},
+      {"no disc", u"dvdauthor"_s, "", "dvdauthor -x A.xml", "dvdauthor made no " + host + "D/VIDEO_TS/VIDEO_TS.IFO"},
+      {"a new disc", u"dvdauthor"_s, "echo x >> D/VIDEO_TS/VIDEO_TS.IFO", "dvdauthor -x A.xml", ""},
+  };
+  Write(u"A.xml"_s, "<dvdauthor dest=\"C:\\T\\D\"><vmgm/></dvdauthor>");
+  QDir().mkpath(Host(u"D/VIDEO_TS"_s));
+  for (const auto& c : cases) {
+    MakeTool(c.tool, c.does + '\n');
+    Write(u"out.mpg"_s, "former");
+    Write(u"D/VIDEO_TS/VIDEO_TS.IFO"_s, "former");
+    const std::string expected = c.complaint.empty() ? "" : "\r\n*ERROR: " + c.complaint + "\r\n";
+    EXPECT_EQ(RunBatch(c.line + "\r\n"), expected) << c.what;
+    EXPECT_NE(Read(u"out.mpg"_s), c.tool == u"dvdauthor" ? "(no file)" : "former") << c.what;
+    EXPECT_TRUE(Read(u"D/VIDEO_TS/VIDEO_TS.IFO"_s).startsWith("former")) << c.what;
+  }
+}
+
+TEST_F(Programs, NeverOverwriteWhatTheyReadNorWriteThroughALink) {
+  MakeTool(u"mplex"_s, "echo made > \"$2\"; printf '\\000\\000\\001\\271' >> \"$2\"\n");
+  QFile::link(Host(u"in.mpg"_s), Host(u"link.mpg"_s));
+  QFile::link(u"/dev/full"_s, Host(u"device"_s));
+  const std::string both = "would be overwritten while it is read\r\n";
+  for (const auto& [line, complaint] : {
+           std::pair<QByteArray, std::string>{"mplex -o in.mpg IN.MPG", both},
+           {"mplex -o link.mpg in.mpg", both},
+           {"probe cat < in.mpg > in.mpg", both},
+           {"type in.mpg | probe cat > C:\\T\\link.mpg", both},
+           {"png2yuv -j in.mpg > in.mpg", both},
+           {"mplex -o device in.mpg", "is a link to something that is no file; nothing is written there\r\n"},
+           {"probe out x > device", "is a link to something that is no file; nothing is written there\r\n"},
+           {"probe out x >> link.mpg", "Too many levels of symbolic links\r\n"},
+       }) {
+    Write(u"in.mpg"_s, "source");
+    const std::string printed = RunBatch(QByteArray(line).replace("probe", Probe()) + "\r\n");
+    EXPECT_TRUE(printed.starts_with("\r\n*ERROR: ") || printed.starts_with("*ERROR: ")) << printed;
+    EXPECT_TRUE(printed.ends_with(complaint)) << printed;
+    EXPECT_EQ(Read(u"in.mpg"_s), "source") << line.toStdString();
+  }
+  // A link that leads elsewhere is replaced.
+  for (const char* line : {"mplex -o link.mpg x.bat", "probe out made > link.mpg"}) {
+    QFile::remove(Host(u"link.mpg"_s));
+    QFile::link(Host(u"in.mpg"_s), Host(u"link.mpg"_s));
+    EXPECT_EQ(RunBatch(QByteArray(line).replace("probe", Probe()) + "\r\n"), "") << line;
+    EXPECT_EQ(Read(u"in.mpg"_s), "source");
+    EXPECT_TRUE(Read(u"link.mpg"_s).startsWith("made"));
+  }
+  EXPECT_EQ(QFile::symLinkTarget(Host(u"device"_s)), u"/dev/full"_s);
+}
+
+TEST_F(Programs, AreEndedWhenTheyDoNothingForTooLong) {
+  environment_.insert(u"TORVANE_TOOL_PATIENCE"_s, u"0.005"_s);
+  ExpectOutputs({
+      {"probe sleep\r\necho next %ERRORLEVEL%\r\n",
+       "\r\n*ERROR: shell_probe did nothing for 0.005 minutes (ToolPatience) and was ended\r\nnext 143\r\n"},
+      {"probe sleep | probe ignore 15 cat\r\n",
+       "\r\n*ERROR: shell_probe | shell_probe did nothing for 0.005 minutes (ToolPatience) and was ended\r\n"},
+  });
+  // One that works, or has others work for it, may take its time; so may all where patience has no end.
+  for (const auto& [minutes, work] :
+       {std::pair(u"0.02"_s, "for i in 1 2; do sleep 0.4; echo $i >&2; (sleep 0.4; echo $i >> o); done"),
+        std::pair(u"0"_s, "sleep 0.4")}) {
+    environment_.insert(u"TORVANE_TOOL_PATIENCE"_s, minutes);
+    MakeTool(u"dvdauthor"_s, QByteArray(work) + "\n");
+    EXPECT_FALSE(Contains(RunBatch("dvdauthor\r\n"), "*ERROR")) << work;
+  }
+  environment_.insert(u"TORVANE_TOOL_PATIENCE"_s, u"soon"_s);
+  EXPECT_EQ(Run({u"/c"_s, u"x.bat"_s}).exitCode, 2);
 }
 
 TEST_F(Programs, AreLookedUpByStemAndNamedWithTheirPackageWhenMissing) {
-  MakeTool(u"genisoimage"_s, "for a; do printf '[%s]\\n' \"$a\"; done; echo $LC_ALL\n");
+  MakeTool(u"genisoimage"_s, "for a; do printf '[%s]\\n' \"$a\"; done; echo $LC_ALL; echo x > \"$6\"\n");
   EXPECT_EQ(RunBatch("\"C:\\no tools\\MKISOFS.EXE\" -dvd-video -V \"a:\\b\" -udf -o \"C:\\T\\D 1.ISO\" \"C:\\T\"\r\n"),
             "[-dvd-video]\n[-V]\n[a:\\b]\n[-udf]\n[-o]\n[" + Host(u"D 1.ISO"_s).toStdString() + "]\n[" +
                 Host({}).chopped(1).toStdString() + "]\nC.UTF-8\n");
