@@ -137,9 +137,13 @@ CliResult Workshop::RunPlain(const QString& command, const QStringList& argument
 
 std::unique_ptr<QProcess> Workshop::Start(const QString& command) {
   WriteProject();
+  return StartPlain(command, {ProjectFile()});
+}
+
+std::unique_ptr<QProcess> Workshop::StartPlain(const QString& command, const QStringList& arguments) {
   auto process = std::make_unique<QProcess>();
   process->setStandardInputFile(QProcess::nullDevice());
-  process->start(programs + u"/torvane-cli"_s, Arguments({command, ProjectFile()}));
+  process->start(programs + u"/torvane-cli"_s, Arguments(QStringList{command} + arguments));
   EXPECT_TRUE(process->waitForStarted(commandLimitMs));
   return process;
 }
