@@ -135,8 +135,8 @@ class CommandMaker {
 
   Status PrepareSound() {
     QStringList& arguments = command_.stage.arguments;
-    const Result<MplexArguments> prepared = PrepareMplexSound(arguments.sliced(firstArgument_), command_.outputs.value(0),
-                                                              wine_ ? MplexKind::Wine : MplexKind::Native);
+    const Result<MplexArguments> prepared = PrepareMplexSound(
+        arguments.sliced(firstArgument_), command_.outputs.value(0), wine_ ? MplexKind::Wine : MplexKind::Native);
     if (!prepared) return Failure{prepared.Error()};
     arguments = arguments.first(firstArgument_) + prepared->arguments;
     command_.scratch = prepared->scratch;
