@@ -16,6 +16,8 @@ namespace {
 
 constexpr qint64 kSector = 2048;
 constexpr int kMostVobs = 9;
+/// dvdauthor gives VIDEO_TS.IFO, its backup and its video files so many bytes at least; the image has a gap for the rest.
+constexpr qint64 kLeastDiscPart = 32 * kSector;
 constexpr qint64 kLastSectorAt = 0x0C;  ///< of an IFO: number of the last sector of all that it stands for
 constexpr qint64 kTitlesetCountAt = 0x3E;
 constexpr qint64 kVolumeAt = 16 * kSector;
@@ -46,8 +48,8 @@ class IfoLook {
   QString Ifo() const { return stem_ + u".IFO"; }
   QString Bup() const { return stem_ + u".BUP"; }
 
-  /// The video files of an IFO take the sectors that it and its backup leave.
-  void Compare(const QStringList& vobs) {
+  /// The video files of an IFO take the sectors that it and its backup leave of what it tells, at least `least` bytes.
+  void Compare(const QStringList& vobs, qint64 least = 0) {
     if (!faults_.isEmpty()) return;
     qint64 size = SizeOf(Ifo()) + SizeOf(Bup());
     for (const QString& vob : vobs) {
@@ -57,7 +59,7 @@ class IfoLook {
       }
     }
     const qint64 told = (qint64(qFromBigEndian<quint32>(head_.constData() + kLastSectorAt)) + 1) * kSector;
-    if (faults_.isEmpty() && size != told) {
+    if (faults_.isEmpty() && std::max(size, least) != told) {
       faults_ << u"The disc is not whole: the files of %1 should have %2 bytes and have %3."_s.arg(
           HostFiles::ToHost(Ifo()), QString::number(told), QString::number(size));
     }
@@ -88,7 +90,7 @@ QStringList TitlesetFaults(const QString& dir, int number) {
 
 QStringList DiscFaults(const QString& videoTsDir, std::optional<int> titlesets) {
   IfoLook disc(videoTsDir, u"VIDEO_TS"_s, "DVDVIDEO-VMG");
-  disc.Compare({videoTsDir + u"\\VIDEO_TS.VOB"});
+  disc.Compare({videoTsDir + u"\\VIDEO_TS.VOB"}, kLeastDiscPart);
   QStringList faults = disc.Faults();
   if (!faults.isEmpty()) return faults;
   const int count = titlesets.value_or(disc.TitlesetCount());

@@ -90,7 +90,7 @@ TEST(KilledToolTest, ACheckWithoutDvdauthorFails) {
   tools.HideOthers();
   const CliResult check = workshop.Run(u"check"_s);
   EXPECT_EQ(check.exitCode, 1) << check.Words();
-  EXPECT_THAT(check.output.toStdString(), HasSubstr("*ERROR: dvdauthor is not installed"));
+  EXPECT_THAT(check.messages.toStdString(), HasSubstr("dvdauthor is not installed"));
 }
 
 /// Tools write their process identifiers into a file, and wait together with what they have started.

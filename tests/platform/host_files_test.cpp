@@ -1,6 +1,9 @@
 #include "platform/host_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include <QFile>
 #include <QFileInfo>
@@ -93,10 +96,16 @@ TEST_F(HostFilesTest, AGeneratedFileIsWholeOrAsItWas) {
   EXPECT_EQ(refused.Error(), Host(u"folder"_s) + u": Is a directory"_s);
   EXPECT_EQ(WriteGeneratedFile(u"C:\\missing\\x.txt"_s, "y").Error(),
             Host(u"missing/x.txt"_s) + u": No such file or directory"_s);
-  // A disk that is full.
-  QFile::link(u"/dev/full"_s, Host(u"Author.xml.part"_s));
-  EXPECT_EQ(WriteGeneratedFile(u"C:\\Author.xml"_s, "third").Error(),
-            Host(u"Author.xml"_s) + u": No space left on device"_s);
+  // A disk that takes the first two bytes.
+  rlimit limit{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlimit small{2, limit.rlim_max};
+  const auto former = signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const Status cut = WriteGeneratedFile(u"C:\\Author.xml"_s, "third");
+  setrlimit(RLIMIT_FSIZE, &limit);
+  signal(SIGXFSZ, former);
+  EXPECT_EQ(cut.Error(), Host(u"Author.xml"_s) + u": File too large"_s);
   EXPECT_EQ(*HostFiles::Read(u"C:\\Author.xml"_s), "second");
   EXPECT_EQ(HostFiles::FileNames(u"C:\\"_s), QStringList{u"Author.xml"_s});
 }
