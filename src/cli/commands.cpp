@@ -11,6 +11,7 @@
 #include "cli/recover_command.h"
 #include "cli/settings_commands.h"
 #include "cli/tree_text.h"
+#include "compilers/button_check.h"
 #include "compilers/disc_checks.h"
 #include "compilers/disc_keeper.h"
 #include "compilers/menu_files.h"
@@ -180,7 +181,7 @@ int Session::Compose() {
   }
   const Status written = WriteMenuFiles(*composed, dir);
   if (!written) prompter_.Fail(written.Error());
-  if (!composed->ButtonsValid) prompter_.Fail(ButtonRulesText(menu));
+  if (!composed->ButtonsValid) prompter_.Fail(ButtonRulesText(menu, project_.Settings));
   return written && composed->ButtonsValid ? kExitDone : kExitFailed;
 }
 

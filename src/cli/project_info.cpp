@@ -1,18 +1,13 @@
 #include "cli/project_info.h"
 
-#include "compilers/disc_checks.h"
-#include "compilers/plan_check.h"
-#include "compilers/temporary_names.h"
-#include "compilers/written_values.h"
+#include "compilers/project_findings.h"
 #include "core/action_strings.h"
 #include "core/audio_title_set.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
-#include "core/resource_paths.h"
 #include "core/size_bar.h"
 #include "designer/edit_context.h"
 #include "designer/element_limits.h"
-#include "platform/host_files.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -66,21 +61,9 @@ QString MenuText(const MenuView& menu, const Settings& settings) {
 
 QString Findings(const Project& project) {
   QString text;
-  for (const QString& path : ResourcePaths(project)) {
-    if (!HostFiles::FileExists(path)) text += u"  missing file: %1\n"_s.arg(path);
-  }
-  for (const ProjectNode* root = project.Tree.FirstRoot(); root; root = root->Next()) {
-    if (MenuOfNode(project.Tree, root->Key()).isEmpty()) continue;
-    const MenuView menu(project.Tree, root->Key());
-    const int limit = ButtonLimit(menu, project.Settings);
-    if (int(menu.Buttons().size()) > limit) text += u"  more than %1 buttons: %2\n"_s.arg(limit).arg(root->Key());
-    for (const ButtonView& button : menu.Buttons()) {
-      if (button.Action().value_or(QString()).isEmpty()) text += u"  button without action: %1\n"_s.arg(button.Key());
-    }
-  }
-  for (const QString& finding : PlanFindings(project)) text += u"  "_s + finding + u'\n';
-  for (const Finding& finding : TemporaryNameFindings(project) + TryWriters(project).Refused) {
-    text += u"  "_s + finding.text + u'\n';
+  for (const Finding& finding : ProjectFindings(project, PlanUse::Run)) {
+    const QStringView mark = finding.severity == Severity::Error ? u"error: " : u"warning: ";
+    text += u"  "_s + mark + finding.text + u'\n';
   }
   return text;
 }

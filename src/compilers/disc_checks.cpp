@@ -31,11 +31,11 @@ bool Agrees(const QString& text, const QString& title, BoxKind kind, Prompter& p
 // ---- Looping menus ----
 
 bool LoopsWithoutMotion(const MenuView& menu) {
-  const ProjectNode* buttons = menu.Tree().Find(MenuNodeKey(menu.Key(), menu_node::Buttons));
-  const bool onlyBack = buttons && buttons->ChildCount() == 1 &&
-                        buttons->FirstChild()->Key() == ButtonKey(menu.Key(), 0);
+  std::vector<ButtonView> buttons = menu.Buttons();
+  std::erase_if(buttons, [](const ButtonView& button) { return !button.IsWritten(); });
+  const bool onlyBack = buttons.size() == 1 && buttons.front().Number() == kBackButton;
   const ProjectNode* animations = menu.Tree().Find(MenuNodeKey(menu.Key(), menu_node::Animations));
-  return menu.Flag(menu_node::BackgroundLoop) && buttons && buttons->ChildCount() > 0 && !onlyBack &&
+  return menu.Flag(menu_node::BackgroundLoop) && !buttons.empty() && !onlyBack &&
          !menu.Has(menu_node::BackgroundAudio) && !menu.Has(menu_node::BackgroundAnimation) &&
          !(animations && animations->ChildCount() > 0) && !menu.HasTransition();
 }

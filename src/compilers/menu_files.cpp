@@ -1,6 +1,5 @@
 #include "compilers/menu_files.h"
 
-#include "core/messages.h"
 #include "platform/generated_file.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,10 +20,6 @@ QStringList MenuFileNames(const ComposedMenu& menu) {
   if (!menu.SpuXml.isEmpty()) names << menu.MenuKey + u"Spu.xml";
   if (!menu.SpuLXml.isEmpty()) names << menu.MenuKey + u"SpuL.xml";
   return names;
-}
-
-QString ButtonRulesText(const MenuView& menu) {
-  return GetMessage(155) + u"\r\n" + menu.Name() + u" (" + menu.Key() + u')';
 }
 
 }  // namespace torvane

@@ -14,7 +14,4 @@ Status WriteMenuFiles(const ComposedMenu& menu, const QString& dir);
 /// The names of these files.
 QStringList MenuFileNames(const ComposedMenu& menu);
 
-/// Message 155 with the name of the menu whose buttons break the rules.
-QString ButtonRulesText(const MenuView& menu);
-
 }  // namespace torvane

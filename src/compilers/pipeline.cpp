@@ -5,13 +5,12 @@
 
 #include "compilers/audio_titleset.h"
 #include "compilers/author_xml.h"
+#include "compilers/button_check.h"
 #include "compilers/disc_checks.h"
 #include "compilers/menu_files.h"
 #include "compilers/plan_check.h"
+#include "compilers/project_findings.h"
 #include "compilers/temp_claim.h"
-#include "compilers/temporary_names.h"
-#include "compilers/written_values.h"
-#include "core/action_strings.h"
 #include "core/film_view.h"
 #include "core/messages.h"
 #include "platform/host_files.h"
@@ -29,26 +28,6 @@ bool CreateDvdPipeline::HasButtons() const {
   return buttons && buttons->ChildCount() > 0;
 }
 
-bool CreateDvdPipeline::IsSupported(PlanUse use) {
-  const Settings& settings = project_.Settings;
-  QString reason;
-  if (settings.Engine != kEngineDvdauthor) {
-    reason = u"Projects for MuxMan cannot be authored yet. Please choose dvdauthor as authoring engine."_s;
-  } else if (settings.NeroBurn) {
-    reason = u"Discs cannot be burnt yet. Please switch burning off and create an ISO image."_s;
-  }
-  for (const QString& key : DiscMenuKeys(project_)) {
-    const MenuView menu(project_.Tree, key);
-    if (!reason.isEmpty() || !menu.IsAnimated(settings)) continue;
-    reason =
-        u"Menu %1 (%2) is animated; such menus cannot be authored yet. Please take its animations or transition away."_s
-            .arg(menu.Name(), key);
-  }
-  if (reason.isEmpty()) return CheckPlan(project_, prompter_, use);
-  prompter_.Fail(reason);
-  return false;
-}
-
 bool CreateDvdPipeline::AgreesToReplaceFormer() {
   if (!AgreesToReplaceDisc(project_, prompter_) || !AgreesToReplaceImage(project_, prompter_)) return false;
   const std::optional<FormerFate> fate = CheckFreeSpace(project_, prompter_);
@@ -59,18 +38,17 @@ bool CreateDvdPipeline::AgreesToReplaceFormer() {
 Readiness CreateDvdPipeline::PrepareCreateDvd() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const Settings& settings = project_.Settings;
-  const bool ready = IsSupported(PlanUse::Run) && CheckIntro(project_, prompter_) &&
+  const bool ready = TellFindings(ProjectFindings(project_, PlanUse::Run), prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckWrittenValues(project_, prompter_) && CheckTemporaryNames(project_, prompter_) &&
                      CheckSourcesSafe(project_, prompter_) && AgreesToReplaceFormer();
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 
 Readiness CreateDvdPipeline::PrepareCreateBatch() {
   if (!HasButtons()) return Readiness::NothingToDo;
-  const bool ready = IsSupported(PlanUse::WriteOnly) && CheckIntro(project_, prompter_) &&
-                     (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckWrittenValues(project_, prompter_);
+  const bool ready = TellFindings(ProjectFindings(project_, PlanUse::WriteOnly), prompter_) &&
+                     CheckIntro(project_, prompter_) &&
+                     (!project_.Settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_));
   if (ready) TellOfFormerDisc(project_, prompter_);
   return ready ? Readiness::Ready : Readiness::Refused;
 }
@@ -143,7 +121,7 @@ std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
     prompter_.Fail(GetMessage(53));
     return std::nullopt;
   }
-  if (!IsSupported(PlanUse::SyntaxCheck) || !CheckWrittenValues(project_, prompter_)) return std::nullopt;
+  if (!TellFindings(ProjectFindings(project_, PlanUse::SyntaxCheck), prompter_)) return std::nullopt;
   inForce_ = settings;
   plan_ = {.RunMode = u"1"_s, .LogText = settings.KeepLogFile ? AuthorLogText(project_) : QString()};
   OpenTemp(WriteVideoBatch(project_, values_).batch);
@@ -205,7 +183,7 @@ bool CreateDvdPipeline::CompileMenu(const QString& key) {
   }
   for (const QString& error : composed->Errors) prompter_.Warn(error);
   if (!composed->ButtonsValid) {
-    prompter_.Fail(ButtonRulesText(menu));
+    prompter_.Fail(ButtonRulesText(menu, settings));
     if (plan_.AutoDelete) files_.Clean(SourceGuard(ProjectFiles(project_)));
     return false;
   }

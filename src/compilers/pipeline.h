@@ -64,7 +64,6 @@ class CreateDvdPipeline {
   std::optional<RunPlan> BuildSyntaxCheck();
 
  private:
-  bool IsSupported(PlanUse use);
   bool HasButtons() const;
   bool AgreesToReplaceFormer();
   void OpenTemp(const QByteArray& video);

@@ -27,7 +27,11 @@ void AddUsed(const Table& table, QStringList& keys) {
   }
 }
 
-void FindTitlesetLimits(const Project& project, QStringList& findings) {
+void AddError(QList<Finding>& findings, const QString& key, const QString& text) {
+  findings << Finding{Severity::Error, key, text};
+}
+
+void FindTitlesetLimits(const Project& project, QList<Finding>& findings) {
   const Settings& settings = project.Settings;
   int titles = settings.UseIntro ? 1 : 0;
   for (int i = 1; i <= project.FilmCount; ++i) {
@@ -35,36 +39,41 @@ void FindTitlesetLimits(const Project& project, QStringList& findings) {
     titles += titleATrack ? AudioTrackCount(project.Tree, i) : 1;
   }
   if (titles > kMostDiscTitles) {
-    findings
-        << u"The disc would have %1 titles; it can hold %2. Please give audio titlesets one title with chapters, or "
-           u"take films out."_s.arg(titles)
-               .arg(kMostDiscTitles);
+    AddError(findings, {},
+             u"The disc would have %1 titles; it can hold %2. Please give audio titlesets one title with chapters, or "
+             u"take films out."_s.arg(titles)
+                 .arg(kMostDiscTitles));
   }
   if (settings.NoTitleSets) return;
   if (settings.NoMenus && settings.Engine == kEngineDvdauthor && project.FilmCount > kMostPassedTitlesets) {
-    findings << u"A disc without menus can hold %1 titlesets with dvdauthor; this one would have %2. Please switch "
-                u"titlesets off or take films out."_s.arg(kMostPassedTitlesets)
-                    .arg(project.FilmCount);
+    AddError(findings, {},
+             u"A disc without menus can hold %1 titlesets with dvdauthor; this one would have %2. Please switch "
+             u"titlesets off or take films out."_s.arg(kMostPassedTitlesets)
+                 .arg(project.FilmCount));
   }
 }
 
-void FindMissingMenus(const Project& project, QStringList& findings) {
+void FindMissingMenus(const Project& project, QList<Finding>& findings) {
   const QStringList menus = DiscMenuKeys(project);
   for (const QString& key : menus) {
     if (IsTitleSetMenu(key) && !project.Tree.Contains(key)) {
-      findings
-          << u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
-                 .arg(key.sliced(2));
+      AddError(
+          findings, FilmKey(ValToInt(key.sliced(2))),
+          u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s.arg(
+              key.sliced(2)));
     } else if (!project.Tree.Contains(key)) {
-      findings << u"The menu %1 is listed as a submenu but is not there."_s.arg(key);
+      AddError(findings, {}, u"The menu %1 is listed as a submenu but is not there."_s.arg(key));
     }
     for (const QString& subMenu : MenuView(project.Tree, key).SubMenuKeys()) {
-      if (!menus.contains(subMenu)) findings << u"Menu %1 leads to %2, which is no submenu."_s.arg(key, subMenu);
+      if (!menus.contains(subMenu)) {
+        AddError(findings, MenuNodeKey(key, menu_node::SubMenus),
+                 u"Menu %1 leads to %2, which is no submenu."_s.arg(key, subMenu));
+      }
     }
   }
 }
 
-void FindTooManyButtons(const Project& project, QStringList& findings) {
+void FindTooManyButtons(const Project& project, QList<Finding>& findings) {
   if (project.Settings.Engine != kEngineDvdauthor) return;
   for (const QString& key : DiscMenuKeys(project)) {
     const MenuView menu(project.Tree, key);
@@ -73,10 +82,11 @@ void FindTooManyButtons(const Project& project, QStringList& findings) {
     const bool actsAtOnce = menu.AutoActionButton().has_value();
     const int limit = kMostButtons / (menu.IsWide(project.Settings) ? 2 : 1) - (actsAtOnce ? kDirections : 0);
     if (written <= limit) continue;
-    findings << u"Menu %1 (%2) has %3 buttons%4; dvdauthor allows %5. Please take some out."_s.arg(menu.Name(), key)
-                    .arg(written)
-                    .arg(actsAtOnce ? u", one of which acts at once"_s : QString())
-                    .arg(limit);
+    AddError(findings, MenuNodeKey(key, menu_node::Buttons),
+             u"Menu %1 (%2) has %3 buttons%4; dvdauthor allows %5. Please take some out."_s.arg(menu.Name(), key)
+                 .arg(written)
+                 .arg(actsAtOnce ? u", one of which acts at once"_s : QString())
+                 .arg(limit));
   }
 }
 
@@ -84,57 +94,50 @@ QString AudioHead(int film, const AudioTitleStore& store) {
   return u"Film %1 (%2)"_s.arg(film).arg(store.Name);
 }
 
-void FindAudioStructure(const Project& project, int film, QStringList& findings) {
+void FindAudioStructure(const Project& project, int film, QList<Finding>& findings) {
   const AudioTitleStore store = ReadAudioTitleSet(project.Tree, film);
   const QString head = AudioHead(film, store);
   if (project.Settings.NoTitleSets) {
-    findings << head + u" is an audio titleset, which needs a titleset of its own. Please switch titlesets on.";
+    AddError(findings, FilmKey(film),
+             head + u" is an audio titleset, which needs a titleset of its own. Please switch titlesets on.");
   }
   if (store.Titles.empty() || int(store.Titles.size()) != AudioTrackCount(project.Tree, film)) {
-    findings << head + u": the number of its tracks (%1) is not that of the titles it holds (%2)."_s
-                           .arg(AudioTrackCount(project.Tree, film))
-                           .arg(store.Titles.size());
+    AddError(findings, FilmNodeKey(film_node::AudioTitles, film),
+             head + u": the number of its tracks (%1) is not that of the titles it holds (%2)."_s
+                        .arg(AudioTrackCount(project.Tree, film))
+                        .arg(store.Titles.size()));
   }
 }
 
-void FindSoundFaults(const Project& project, int film, QStringList& findings) {
+/// That the files are there and hold sound is the business of the sources.
+void FindSoundFaults(const Project& project, int film, QList<Finding>& findings) {
   const AudioTitleStore store = ReadAudioTitleSet(project.Tree, film);
   const QString head = AudioHead(film, store);
   QSet<QString> kinds;
   for (std::size_t i = 0; i < store.Titles.size(); ++i) {
     const QString& file = store.Titles[i].File;
-    const QString track = head + u", track %1: "_s.arg(i + 1);
     AudioInfo info;
-    if (!AnalyseAudioFile(file, info)) {
-      findings << track + u"the sound file %1 is missing or cannot be read. Please choose another one."_s.arg(file);
-    } else if (project.Settings.Engine == kEngineMuxMan && info.AudioSeconds == 0) {
-      findings << track + u"the playing time of %1 is not known, so MuxMan cannot place it."_s.arg(file);
+    if (project.Settings.Engine == kEngineMuxMan && AnalyseAudioFile(file, info) && info.AudioSeconds == 0) {
+      AddError(findings, AudioTitleKey(film, int(i) + 1),
+               head + u", track %1: "_s.arg(i + 1) +
+                   u"the playing time of %1 is not known, so MuxMan cannot place it."_s.arg(file));
     }
     const QString extension = GetExtensionUpper(file);
     kinds.insert(extension == u"AC3" || extension == u"WAV" || extension == u"DTS" ? extension : u"MPEG"_s);
   }
-  if (kinds.size() > 1) findings << head + u": all sound files of an audio titleset must be of one kind.";
+  if (kinds.size() > 1) {
+    AddError(findings, FilmKey(film), head + u": all sound files of an audio titleset must be of one kind.");
+  }
 }
 
-/// What leaves no files to be written.
-QStringList StructureFindings(const Project& project) {
-  QStringList findings;
-  FindMissingMenus(project, findings);
-  for (int i = 1; i <= project.FilmCount; ++i) {
-    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindAudioStructure(project, i, findings);
+void FindMenuTypes(const Project& project, QList<Finding>& findings) {
+  for (const QString& key : DiscMenuKeys(project)) {
+    const std::optional<QString> type = MenuView(project.Tree, key).Text(menu_node::Type);
+    if (!IsMainSubMenu(key) || !type || *type == kPlainSubMenu) continue;
+    findings << Finding{Severity::Warning, MenuNodeKey(key, menu_node::Type),
+                        u"Menu %1 (%2) is of the type \"%3\", which submenus of titlesets alone can have. It is made as an "
+                        u"ordinary submenu."_s.arg(MenuView(project.Tree, key).Name(), key, *type)};
   }
-  return findings;
-}
-
-/// What the authoring tools would stop at.
-QStringList LimitFindings(const Project& project, PlanUse use) {
-  QStringList findings;
-  FindTitlesetLimits(project, findings);
-  FindTooManyButtons(project, findings);
-  for (int i = 1; i <= project.FilmCount && use != PlanUse::SyntaxCheck; ++i) {
-    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindSoundFaults(project, i, findings);
-  }
-  return findings;
 }
 
 }  // namespace
@@ -157,21 +160,24 @@ QStringList DiscMenuKeys(const Project& project) {
   return project.Settings.NoTitleSets ? MainMenuKeys(project) : MainMenuKeys(project) + TitlesetMenuKeys(project);
 }
 
-QStringList PlanFindings(const Project& project, PlanUse use) {
-  return StructureFindings(project) + LimitFindings(project, use);
+QList<Finding> StructureFindings(const Project& project) {
+  QList<Finding> findings;
+  FindMissingMenus(project, findings);
+  for (int i = 1; i <= project.FilmCount; ++i) {
+    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindAudioStructure(project, i, findings);
+  }
+  return findings;
 }
 
-bool CheckPlan(const Project& project, Prompter& prompter, PlanUse use) {
-  const QStringList structure = StructureFindings(project);
-  const QStringList limits = LimitFindings(project, use);
-  if (structure.isEmpty() && use == PlanUse::WriteOnly) {
-    if (!limits.isEmpty()) prompter.Warn(limits.join(u"\r\n"));
-    return true;
+QList<Finding> LimitFindings(const Project& project, PlanUse use) {
+  QList<Finding> findings;
+  FindTitlesetLimits(project, findings);
+  FindTooManyButtons(project, findings);
+  FindMenuTypes(project, findings);
+  for (int i = 1; i <= project.FilmCount && use != PlanUse::SyntaxCheck; ++i) {
+    if (FilmView(project.Tree, i).IsAudioTitleSet()) FindSoundFaults(project, i, findings);
   }
-  const QStringList findings = structure + limits;
-  if (findings.isEmpty()) return true;
-  prompter.Fail(findings.join(u"\r\n"));
-  return false;
+  return findings;
 }
 
 }  // namespace torvane

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
+#include "core/finding.h"
 #include "core/project.h"
-#include "core/prompter.h"
 
 namespace torvane {
 
@@ -24,12 +25,12 @@ enum class PlanUse {
   SyntaxCheck  ///< the control file is read, whether the films and sound files exist or not
 };
 
-/// What keeps a project from becoming a disc although each part of it is sound: menus that are not there, limits of the
-/// authoring tools, sound files that cannot be read. Whole sentences that name the place and what to do.
-QStringList PlanFindings(const Project& project, PlanUse use = PlanUse::Run);
+/// What the project lists that is not there: without it not even files can be written. Whole sentences that name the
+/// place and what to do; all are errors.
+QList<Finding> StructureFindings(const Project& project);
 
-/// Tells all of them in one box; true when there are none. With PlanUse::WriteOnly a limit or a sound file is a warning:
-/// the files can be written all the same.
-bool CheckPlan(const Project& project, Prompter& prompter, PlanUse use);
+/// The limits of the authoring tools, and what dvdauthor and players stumble over: too many titles, titlesets and buttons,
+/// sound files of an audio titleset that do not go together, menus of a type that does not fit.
+QList<Finding> LimitFindings(const Project& project, PlanUse use);
 
 }  // namespace torvane

@@ -145,15 +145,18 @@ std::optional<ButtonView> MenuView::AutoActionButton() const {
 }
 
 QString MenuView::LoopState() const {
-  const std::optional<QString> loop = Text(menu_node::BackgroundLoop);
-  if (!loop || *loop == u"0") return u"inf"_s;
-  return *loop == u"1" ? u"0"_s : QString();
+  if (!Flag(menu_node::BackgroundLoop)) return u"inf"_s;
+  return Number(menu_node::BackgroundLoop, 0) == 1 ? u"0"_s : QString();
 }
 
 QString MenuView::Pause() const {
   const Attribute attribute = IsAdditionalMenu(Key()) ? menu_node::Pause : menu_node::BackgroundPause;
   const std::optional<QString> pause = Text(attribute);
   return pause ? *pause : LoopState();
+}
+
+QString MenuView::Type() const {
+  return IsMainSubMenu(Key()) ? kPlainSubMenu.toString() : Text(menu_node::Type).value_or(kPlainSubMenu.toString());
 }
 
 MenuAspect MenuView::Aspect() const {

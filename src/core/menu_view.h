@@ -137,6 +137,8 @@ class PictureView : public NodeView {
 /// The mask of a button, picture or animation; nothing without one.
 std::optional<MaskGeometry> ReadMask(const NodeView& element);
 
+inline constexpr QStringView kPlainSubMenu = u"SubMenu";  ///< type of a submenu that no key of the remote control opens
+
 enum class MenuAspect { ProjectDefault = 0, Standard4x3 = 1, Wide16x9 = 2 };
 
 /// A menu as data.
@@ -164,8 +166,9 @@ class MenuView : public NodeView {
   QString LoopState() const;
   /// Pause of the menu; without one of its own the loop state.
   QString Pause() const;
-  /// "SubMenu" when there is none.
-  QString Type() const { return Text(menu_node::Type).value_or(QStringLiteral("SubMenu")); }
+  /// The type that the menu is made as: "SubMenu" when there is none, and for every submenu of the main menu, which can
+  /// have no other.
+  QString Type() const;
 
   /// Steps of the menu's own raster in pixels, each at least 2; 16 where it has none.
   QSize Raster() const;

@@ -55,9 +55,10 @@ ButtonRectangle RectangleOf(const ButtonView& button, FrameMode frameMode, const
   return frameMode == FrameMode::Fill ? OfText(text, settings) : OfFrame(text, settings);
 }
 
+bool IsEmpty(const Edges& edges) { return edges.Left >= edges.Right || edges.Top >= edges.Bottom; }
+
 bool IsInside(const Edges& edges, int height) {
-  return edges.Left >= 0 && edges.Top >= 0 && edges.Right <= kMenuWidth && edges.Bottom <= height &&
-         edges.Left < edges.Right && edges.Top < edges.Bottom;
+  return edges.Left >= 0 && edges.Top >= 0 && edges.Right <= kMenuWidth && edges.Bottom <= height;
 }
 
 bool Meet(const Edges& a, const Edges& b) {
@@ -86,14 +87,21 @@ std::vector<ButtonRectangle> ButtonRectangles(const MenuView& menu, const Settin
   return rectangles;
 }
 
-bool CheckButtonRectangles(std::span<const ButtonRectangle> rectangles, int height) {
+std::vector<RectangleFault> RectangleFaults(std::span<const ButtonRectangle> rectangles, int height) {
+  using enum RectangleFault::Rule;
+  std::vector<RectangleFault> faults;
   for (std::size_t i = 0; i < rectangles.size(); ++i) {
-    if (!IsInside(rectangles[i].Check, height)) return false;
+    const Edges& edges = rectangles[i].Check;
+    if (IsEmpty(edges)) {
+      faults.push_back({Empty, i, i});
+      continue;
+    }
+    if (!IsInside(edges, height)) faults.push_back({Outside, i, i});
     for (std::size_t j = 0; j < i; ++j) {
-      if (Meet(rectangles[i].Check, rectangles[j].Check)) return false;
+      if (Meet(edges, rectangles[j].Check)) faults.push_back({TooNear, i, j});
     }
   }
-  return true;
+  return faults;
 }
 
 }  // namespace torvane

@@ -39,8 +39,20 @@ struct ButtonRectangle {
 /// without rectangle has empty ones.
 std::vector<ButtonRectangle> ButtonRectangles(const MenuView& menu, const Settings& settings);
 
-/// False when a rectangle of the check leaves the 720 by `height` frame or is empty, or when two have an area in
-/// common. Rectangles that only touch have none.
-bool CheckButtonRectangles(std::span<const ButtonRectangle> rectangles, int height);
+/// A rule that a button's rectangle of the check breaks.
+struct RectangleFault {
+  enum class Rule {
+    Empty,    ///< it has no area
+    Outside,  ///< it leaves the frame
+    TooNear   ///< it has an area in common with that of `other`; rectangles that only touch have none
+  };
+  Rule rule = Rule::Empty;
+  std::size_t button = 0;  ///< index of the rectangle
+  std::size_t other = 0;   ///< of the one in front that it meets
+  bool operator==(const RectangleFault&) const = default;
+};
+
+/// All that is wrong with the rectangles of one menu of 720 by `height` pixels: nothing when they keep the rules.
+std::vector<RectangleFault> RectangleFaults(std::span<const ButtonRectangle> rectangles, int height);
 
 }  // namespace torvane

@@ -101,7 +101,7 @@ QStringList MenuTypes() {
 
 QStringList AvailableMenuTypes(const Project& project, const QString& menu) {
   QStringList types = MenuTypes();
-  if (IsMainMenuFamily(menu)) return types;
+  if (IsMainMenuFamily(menu)) return types.first(1);
   const ProjectNode* node = project.Tree.Find(MenuNodeKey(FamilyRoot(project, menu), menu_node::SubMenus));
   for (node = node ? node->FirstChild() : nullptr; node; node = node->Next()) {
     const QString type = node->Caption().section(u" Type="_s, 1, 1).section(u", "_s, 0, 0);

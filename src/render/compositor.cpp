@@ -84,7 +84,7 @@ Result<ComposedMenu> ComposeMenu(const MenuView& menu, const Settings& settings,
   const std::vector<ButtonRectangle> rectangles = ButtonRectangles(menu, settings);
   ComposedMenu composed;
   composed.MenuKey = menu.Key();
-  composed.ButtonsValid = CheckButtonRectangles(rectangles, MenuHeight(settings));
+  composed.ButtonsValid = RectangleFaults(rectangles, MenuHeight(settings)).empty();
   composed.Errors = pictures.Errors();
   switch (mode) {
     case ComposeMode::Compile:

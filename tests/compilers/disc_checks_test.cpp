@@ -130,7 +130,11 @@ TEST_F(DiscChecksTest, LoopingMenusWithoutMotionAreNamed) {
     EXPECT_TRUE(CheckLoopingMenus(project_, prompter)) << moving.toStdString();
     project_.Tree.Remove(moving.section(u'|', 0, 0));
   }
-  project_.Tree.SetCaption(u"MMBGLoop"_s, u"Loop=0"_s);
+  for (const auto& [value, loops] : {std::pair(u"0"_s, false), {u""_s, false}, {u"01"_s, true}}) {
+    project_.Tree.SetCaption(u"MMBGLoop"_s, u"Loop="_s + value);
+    EXPECT_EQ(CheckLoopingMenus(project_, prompter), !loops) << value.toStdString();
+  }
+  for (const QString& button : {u"MMB1"_s, u"MMB2"_s, u"MMB3"_s}) project_.Tree.Remove(button + u"Action");
   EXPECT_TRUE(CheckLoopingMenus(project_, prompter));
 }
 

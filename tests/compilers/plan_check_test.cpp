@@ -1,4 +1,6 @@
+#include "compilers/author_xml.h"
 #include "compilers/plan_check.h"
+#include "compilers/project_findings.h"
 
 #include <gtest/gtest.h>
 
@@ -59,8 +61,6 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
       {[](EditBench&) {}, {}},
       {[](EditBench& bench) { bench.project.Settings.NoTitleSets = true; },
        {songs + u" is an audio titleset, which needs a titleset of its own. Please switch titlesets on."}},
-      {[](EditBench& bench) { bench.project.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\no.ac3"_s); },
-       {songs + u", track 2: the sound file C:\\no.ac3 is missing or cannot be read. Please choose another one."}},
       {[](EditBench& bench) { bench.project.Tree.SetCaption(u"FPA2#02FILE"_s, u"File=C:\\m.mp2"_s); },
        {songs + u": all sound files of an audio titleset must be of one kind."}},
       {[](EditBench& bench) { bench.project.Tree.SetTag(u"FPA2"_s, u"3"_s); },
@@ -114,11 +114,15 @@ TEST_F(PlanCheckTest, TellsWhatNoDiscCanBeMadeOf) {
         {.Name = u"Songs"_s, .Titles = {Track(u"C:\\1.ac3"_s), Track(u"C:\\2.ac3"_s)}, .AudioTSLayoutType = u"1"_s},
         {});
     c.change(bench);
-    EXPECT_EQ(PlanFindings(bench.project), c.findings);
+    QStringList texts;
+    for (const Finding& finding : StructureFindings(bench.project) + LimitFindings(bench.project, PlanUse::Run)) {
+      texts << finding.text;
+    }
+    EXPECT_EQ(texts, c.findings);
   }
 }
 
-TEST_F(PlanCheckTest, AMissingSoundFileIsAWarningWhereNothingIsRun) {
+TEST_F(PlanCheckTest, WhatTheMachineLacksIsAWarningWhereNothingIsRun) {
   EditBench bench(test::TitleSetSettings());
   AddAudioTitleSet(bench.context, {.Name = u"Songs"_s, .Titles = {Track(u"C:\\no.ac3"_s)}}, {});
   struct Case {
@@ -131,14 +135,26 @@ TEST_F(PlanCheckTest, AMissingSoundFileIsAWarningWhereNothingIsRun) {
                         {PlanUse::SyntaxCheck, true, {}}};
   for (const Case& c : cases) {
     test::RecordingPrompter prompter;
-    EXPECT_EQ(CheckPlan(bench.project, prompter, c.use), c.goesOn);
+    EXPECT_EQ(TellFindings(ProjectFindings(bench.project, c.use), prompter), c.goesOn);
     std::vector<BoxKind> boxes;
     for (const Box& box : prompter.boxes) boxes.push_back(box.kind);
     EXPECT_EQ(boxes, c.boxes);
   }
   bench.project.Tree.Remove(u"TS1"_s);
   test::RecordingPrompter prompter;
-  EXPECT_FALSE(CheckPlan(bench.project, prompter, PlanUse::WriteOnly));
+  EXPECT_FALSE(TellFindings(ProjectFindings(bench.project, PlanUse::WriteOnly), prompter));
+}
+
+TEST_F(PlanCheckTest, ASubmenuOfTheMainMenuHasOneType) {
+  EditBench bench;
+  EXPECT_FALSE(AddMenu(bench.context, {.type = u"Audio"_s}, {}));
+  ASSERT_TRUE(AddMenu(bench.context, {}, {}));
+  bench.project.Tree.SetCaption(u"MM1PType"_s, u"Type=Audio"_s);
+  EXPECT_EQ(LimitFindings(bench.project, PlanUse::Run),
+            (QList<Finding>{{Severity::Warning, u"MM1PType"_s,
+                             u"Menu MainSubMenu1 (MM1) is of the type \"Audio\", which submenus of titlesets alone can "
+                             u"have. It is made as an ordinary submenu."_s}}));
+  EXPECT_FALSE(WriteAuthorXmlSingle(bench.project, AuthorMode::Run).contains("entry="));
 }
 
 }  // namespace

@@ -113,7 +113,7 @@ TEST(ButtonRectangles, MustStayInTheFrameAndApart) {
     std::vector<ButtonRectangle> rectangles;
     for (const Edges& edges : test.rectangles)
       rectangles.push_back({.Key = {}, .Check = edges, .Written = {}, .Letterbox = {}});
-    EXPECT_EQ(CheckButtonRectangles(rectangles, 576), test.expected) << testing::PrintToString(test.rectangles);
+    EXPECT_EQ(RectangleFaults(rectangles, 576).empty(), test.expected) << testing::PrintToString(test.rectangles);
   }
 }
 
@@ -125,7 +125,7 @@ TEST(ButtonRectangles, MayTouchButNotMeet) {
     test::AddButton(project, u"MM"_s, 1, u"a"_s, {100, 100, 80, 40});
     test::AddButton(project, u"MM"_s, 2, u"b"_s, {left, 100, 80, 40});
     const auto rectangles = ButtonRectangles(MenuView(project.Tree, u"MM"_s), project.Settings);
-    EXPECT_EQ(CheckButtonRectangles(rectangles, 576), valid) << testing::PrintToString(rectangles);
+    EXPECT_EQ(RectangleFaults(rectangles, 576).empty(), valid) << testing::PrintToString(rectangles);
   }
 }
 

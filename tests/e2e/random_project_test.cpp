@@ -74,7 +74,7 @@ TEST(RandomProjectTest, CompilesAndIsUnderstood) {
       project.Tree.SetCaption(blank.Key() + u"Text", u"Text= "_s);
       project.Tree.SetCaption(blank.Drawing().Key() + u"NormVis", u"NormVis=0"_s);
     }
-    const QStringList findings = PlanFindings(project, PlanUse::SyntaxCheck);
+    const QList<Finding> findings = StructureFindings(project) + LimitFindings(project, PlanUse::SyntaxCheck);
     if (!findings.isEmpty()) continue;
     ++compiled;
 

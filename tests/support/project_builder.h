@@ -19,6 +19,17 @@ inline Settings FixedSettings() {
   return settings;
 }
 
+/// The head of a film that an analyser takes for MPEG-2 video of 720 by 576 pixels, 4:3, 25 pictures a second.
+inline QByteArray FilmHead() {
+  return QByteArray("\x00\x00\x01\xB3\x2D\x02\x40\x23\x24\x9F\x23\x80", 12) +
+         QByteArray("\x00\x00\x01\xB5\x14\x8A\x00\x01\x00\x00", 10) + QByteArray(200, '\0');
+}
+
+/// The head of AC3 sound of 48000 Hz.
+inline QByteArray SoundHead() {
+  return QByteArray("\x0B\x77\x00\x00\x1E\x40", 6) + QByteArray(200, '\0');
+}
+
 /// Adds a child node from "key|caption|tag".
 inline void AddNode(Project& project, const QString& parent, const QString& line) {
   const QStringList fields = line.split(u'|');
