@@ -88,18 +88,19 @@ std::vector<ButtonRectangle> ButtonRectangles(const MenuView& menu, const Settin
 }
 
 std::vector<RectangleFault> RectangleFaults(std::span<const ButtonRectangle> rectangles, int height) {
-  using enum RectangleFault::Rule;
   std::vector<RectangleFault> faults;
-  for (std::size_t i = 0; i < rectangles.size(); ++i) {
-    const Edges& edges = rectangles[i].Check;
-    if (IsEmpty(edges)) {
-      faults.push_back({Empty, i, i});
-      continue;
-    }
-    if (!IsInside(edges, height)) faults.push_back({Outside, i, i});
-    for (std::size_t j = 0; j < i; ++j) {
-      if (Meet(edges, rectangles[j].Check)) faults.push_back({TooNear, i, j});
-    }
+  for (std::size_t i = 0; i < rectangles.size(); ++i) std::ranges::copy(FaultsOf(rectangles, i, height), std::back_inserter(faults));
+  return faults;
+}
+
+std::vector<RectangleFault> FaultsOf(std::span<const ButtonRectangle> rectangles, std::size_t button, int height) {
+  using enum RectangleFault::Rule;
+  const Edges& edges = rectangles[button].Check;
+  if (IsEmpty(edges)) return {{Empty, button, button}};
+  std::vector<RectangleFault> faults;
+  if (!IsInside(edges, height)) faults.push_back({Outside, button, button});
+  for (std::size_t other = 0; other < button; ++other) {
+    if (Meet(edges, rectangles[other].Check)) faults.push_back({TooNear, button, other});
   }
   return faults;
 }

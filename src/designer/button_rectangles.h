@@ -55,4 +55,7 @@ struct RectangleFault {
 /// All that is wrong with the rectangles of one menu of 720 by `height` pixels: nothing when they keep the rules.
 std::vector<RectangleFault> RectangleFaults(std::span<const ButtonRectangle> rectangles, int height);
 
+/// Those of one rectangle, against the frame and the rectangles in front of it.
+std::vector<RectangleFault> FaultsOf(std::span<const ButtonRectangle> rectangles, std::size_t button, int height);
+
 }  // namespace torvane

@@ -21,16 +21,22 @@ struct EditContext {
 /// Where a new element goes, and how a new button looks.
 struct ElementPlace {
   QString menu = MainMenuKey();
-  std::optional<QPoint> position = {};    ///< the next place of the grid when missing
+  std::optional<QPoint> position = {};    ///< a free one is looked for when missing
   std::optional<ButtonStyle> style = {};  ///< as the settings say when missing
 };
 
-/// The place of the setting `GridLayout` that the menu's next button takes: rows from the top, each from the left, and
-/// from the start again when all are taken.
-QPoint NextGridPosition(const Project& project, const QString& menu);
+/// Gives a new button its style, and its position: the place's own, as it is, or a free one (see PlaceFinder). False when the
+/// menu has none, which has been told.
+bool PlaceButton(EditContext& context, const ElementPlace& place, NewButton& button);
 
-/// The place's own values, or what stands for them.
-QPoint PositionOf(const Project& project, const ElementPlace& place);
+/// The same for the button of a film: a text that would pass the right edge of the frame is wrapped at its blanks, and
+/// shortened where that is not enough; that is told.
+bool PlaceFilmButton(EditContext& context, const ElementPlace& place, NewButton& button);
+
+/// Position of a label or picture of this size; nothing when the menu has no free place, which has been told.
+std::optional<QPoint> PlaceArea(EditContext& context, const ElementPlace& place, const QSize& size);
+
+/// How a new button looks at this place.
 ButtonStyle StyleOf(const Project& project, const ElementPlace& place);
 
 /// Titleset that a menu belongs to; 0 in the main menu family.

@@ -27,9 +27,8 @@ bool CheckButton(EditContext& context, const ElementPlace& place) {
 
 bool AddButton(EditContext& context, NewButton button, const ElementPlace& place, const QString& name) {
   if (!CheckButton(context, place)) return false;
+  if (!PlaceButton(context, place, button)) return false;
   Edit edit(context.project, name);
-  button.position = PositionOf(context.project, place);
-  button.style = StyleOf(context.project, place);
   AddButtonNodes(context.project, place.menu, button, context.measure);
   edit.Commit();
   return true;
@@ -203,12 +202,13 @@ bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& pla
   const FilmView film(project.Tree, titleSet);
   const bool isTitle = film.IsAudioTitleSet();
   const QString time = isTitle ? QString() : film.Chapters().split(u',', Qt::SkipEmptyParts).value(chapter - 1);
-  const NewButton button{.kind = isTitle ? ButtonKind::Title : ButtonKind::Chapter,
+  NewButton button{.kind = isTitle ? ButtonKind::Title : ButtonKind::Chapter,
                          .text = ChapterButtonText(project, chapter, time),
                          .action = ChapterButtonAction(project.Tree, titleSet, chapter, project.Settings)};
+  if (!CheckButton(context, place) || !PlaceButton(context, place, button)) return false;
   Edit edit(project, u"Add chapter button"_s);
   ElementPlace fixed = place;
-  fixed.position = PositionOf(project, place);
+  fixed.position = button.position;
   if (picture == ChapterPicture::FromEditor && !isTitle && !AddChapterPicture(context, film.Name(), time, fixed)) {
     return false;
   }
@@ -261,8 +261,11 @@ bool AddLabel(EditContext& context, const QString& text, const ElementPlace& pla
     return false;
   }
   if (!CheckLabelLimit(MenuView(project.Tree, place.menu), context.prompter)) return false;
+  const QSize size = context.measure(project.Settings.DefaultFont, NormalizeLineBreaks(text));
+  const std::optional<QPoint> position = PlaceArea(context, place, size);
+  if (!position) return false;
   Edit edit(project, u"Add text"_s);
-  AddLabelNodes(project, place.menu, {.text = text, .position = PositionOf(project, place)}, context.measure);
+  AddLabelNodes(project, place.menu, {.text = text, .position = *position}, context.measure);
   edit.Commit();
   return true;
 }
@@ -271,8 +274,11 @@ bool AddImage(EditContext& context, const QString& path, const ElementPlace& pla
   Project& project = context.project;
   if (MenuOfNode(project.Tree, place.menu) != place.menu) return false;
   if (!CheckImageLimit(MenuView(project.Tree, place.menu), context.prompter)) return false;
+  const QSize size(project.Settings.ImageSizeX, project.Settings.ImageSizeY);
+  const std::optional<QPoint> position = PlaceArea(context, place, size);
+  if (!position) return false;
   Edit edit(project, u"Add image"_s);
-  AddImageNodes(project, place.menu, path, PositionOf(project, place));
+  AddImageNodes(project, place.menu, path, *position);
   edit.Commit();
   return true;
 }

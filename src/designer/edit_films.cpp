@@ -38,19 +38,16 @@ QString ButtonTextOf(QString name) {
   return name.replace(u'_', u' ');
 }
 
-/// Button, film nodes and titleset menu. The action can only be told when the button stands in its place.
-void AddFilmWithMenus(EditContext& context, const QString& name, const ElementPlace& place,
+/// Button, film nodes and titleset menu. The action can only be told when the button stands in its place. False when it finds
+/// none; nothing has happened then.
+bool AddFilmWithMenus(EditContext& context, const QString& name, const ElementPlace& place,
                       const std::function<void(int button)>& addSubtree,
                       const std::function<QString(int button)>& action) {
   Project& project = context.project;
   const int film = project.FilmCount + 1;
-  const int button = AddButtonNodes(project, place.menu,
-                                    {.kind = ButtonKind::Film,
-                                     .text = ButtonTextOf(name),
-                                     .position = PositionOf(project, place),
-                                     .style = StyleOf(project, place),
-                                     .tag = QString::number(film)},
-                                    context.measure);
+  NewButton newButton{.kind = ButtonKind::Film, .text = ButtonTextOf(name), .tag = QString::number(film)};
+  if (!PlaceFilmButton(context, place, newButton)) return false;
+  const int button = AddButtonNodes(project, place.menu, newButton, context.measure);
   addSubtree(button);
   project.Tree.SetCaption(ElementNodeKey(ButtonKey(place.menu, button), element_node::Action),
                           element_node::Action.Label + action(button));
@@ -62,6 +59,7 @@ void AddFilmWithMenus(EditContext& context, const QString& name, const ElementPl
   }
   project.ProjectHasVideos = true;
   CalculateTotalSize(project);
+  return true;
 }
 
 void TakeVideoFormat(Project& project, const FilmRecord& film) {
@@ -152,12 +150,13 @@ bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& p
 
   Edit edit(project, u"Add film"_s);
   if (settings.NoTitleSets && project.FilmCount == 0) TakeVideoFormat(project, film);
-  AddFilmWithMenus(
+  const bool added = AddFilmWithMenus(
       context, film.Name, place, [&](int button) { AddFilmSubtree(project, film, place.menu, button); },
       [&](int button) {
         const int onDisc = PlaceOnDisc(MenuView(project.Tree, place.menu), button);
         return FilmButtonAction(project.FilmCount, onDisc, settings);
       });
+  if (!added) return false;
   if (film.Animated != 0) AddFilmAnimation(project, project.FilmCount);
   edit.Commit();
   return true;
@@ -180,9 +179,10 @@ bool AddAudioTitleSet(EditContext& context, const AudioTitleStore& store, const 
     return false;
   }
   Edit edit(project, u"Add audio titleset"_s);
-  AddFilmWithMenus(
+  const bool added = AddFilmWithMenus(
       context, store.Name, place, [&](int button) { AddAudioTitleSetSubtree(project, store, place.menu, button); },
       [&](int) { return ActionText(GeneratedAction::AudioTitleSet, {.title = project.FilmCount}, project.Settings); });
+  if (!added) return false;
   edit.Commit();
   return true;
 }
@@ -197,16 +197,14 @@ bool AddPlayList(EditContext& context, PlayList playList, const ElementPlace& pl
     context.prompter.Inform(GetMessage(676));
     return false;
   }
-  Edit edit(project, u"Add playlist"_s);
   playList.Number = NextPlayListNumber(project.Tree, playList.Film);
+  NewButton newButton{.kind = ButtonKind::PlayList,
+                      .text = u"Playlist %1"_s.arg(playList.Number),
+                      .action = PlayListButtonAction(playList.Film, playList.Number, project.Settings)};
+  if (!PlaceButton(context, place, newButton)) return false;
+  Edit edit(project, u"Add playlist"_s);
   AddPlayListNode(project.Tree, playList);
-  const int button = AddButtonNodes(project, place.menu,
-                                    {.kind = ButtonKind::PlayList,
-                                     .text = u"Playlist %1"_s.arg(playList.Number),
-                                     .action = PlayListButtonAction(playList.Film, playList.Number, project.Settings),
-                                     .position = PositionOf(project, place),
-                                     .style = StyleOf(project, place)},
-                                    context.measure);
+  const int button = AddButtonNodes(project, place.menu, newButton, context.measure);
   project.Tree.SetTag(ElementNodeKey(ButtonKey(place.menu, button), element_node::Text),
                       PlayListTag(playList.Film, playList.Number));
   edit.Commit();

@@ -119,23 +119,19 @@ bool AddMenu(EditContext& context, const SubMenuChoice& choice, const ElementPla
   if (slot == 0 || !AvailableMenuTypes(project, place.menu).contains(choice.type)) return false;
   const MenuView from(project.Tree, place.menu);
   if (!CheckButtonLimit(from, settings, context.prompter)) return false;
-  const ButtonStyle style = StyleOf(project, place);
-  if (style == ButtonStyle::Combined && !CheckLabelLimit(from, context.prompter)) return false;
+  if (StyleOf(project, place) == ButtonStyle::Combined && !CheckLabelLimit(from, context.prompter)) return false;
 
-  Edit edit(project, u"Add menu"_s);
   const bool mainFamily = titleSet == 0;
   const QString root = FamilyRoot(project, place.menu);
   const QString key = mainFamily ? MainSubMenuKey(slot) : SubMenuKey(slot);
   const int number = LastSubMenuNumber(project.Tree, root) + 1;
   const QString action = MenuButtonAction(titleSet, number, settings);
+  NewButton newButton{.kind = ButtonKind::Menu, .text = choice.buttonText, .action = action};
+  if (!PlaceButton(context, place, newButton)) return false;
+
+  Edit edit(project, u"Add menu"_s);
   AddListEntry(project, root, number, choice, place.menu, key);
-  const int button = AddButtonNodes(project, place.menu,
-                                    {.kind = ButtonKind::Menu,
-                                     .text = choice.buttonText,
-                                     .action = action,
-                                     .position = PositionOf(project, place),
-                                     .style = style},
-                                    context.measure);
+  const int button = AddButtonNodes(project, place.menu, newButton, context.measure);
   const bool loop = settings.AnimatedMainMenu && settings.DefaultLoop;
   AddNodes(project, titleSet,
            {.kind = mainFamily ? MenuKind::MainSubMenu : MenuKind::TitleSetSubMenu,
