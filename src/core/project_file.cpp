@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kOldestVersion = 700;          // thousandths
 constexpr qsizetype kMostMissingFiles = 20;  // listed by name
+constexpr qint64 kMostBytes = 64LL * 1048576;  ///< of a file; a project of 50,000 nodes has 8 MB
 constexpr int kIndent = 2;
 
 /// True for text that an XML 1.0 document can carry.
@@ -192,7 +193,7 @@ bool SaveProjectAs(Project& project, const QString& path, Prompter& prompter) {
 }
 
 bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
-  const Result<QByteArray> file = HostFiles::Read(path);
+  const Result<QByteArray> file = HostFiles::ReadAtMost(path, kMostBytes);
   if (!file) {
     prompter.Fail(GetMessage(116, {{u"|1", path}}) + u"\r\n" + file.Error());
     return false;

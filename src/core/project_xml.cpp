@@ -9,6 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
+constexpr std::size_t kMostNodes = 500'000;  ///< ten times a very large project
 constexpr std::size_t kMostLevels = 64;  ///< a project has six; each level is two blanks in every line below it
 
 /// The second line of a text with any kind of line end.
@@ -84,6 +85,7 @@ Result<ProjectXml> ReadProjectXml(const QByteArray& file) {
         project.nodes.push_back({ReadNode(reader.attributes()), open.size() == 1 ? -1 : open.back()});
       }
       open.push_back(index);
+      if (project.nodes.size() > kMostNodes) reader.raiseError(u"there are more than %1 nodes"_s.arg(kMostNodes));
       if (open.size() > kMostLevels) reader.raiseError(u"elements stand more than %1 levels deep"_s.arg(kMostLevels));
     }
   }

@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -156,6 +157,22 @@ Result<QByteArray> HostFiles::Read(const QString& dosPath) {
   QByteArray content = file.readAll();
   if (file.error() != QFileDevice::NoError) return Failure{HostReason(file.fileName(), file.errorString())};
   return content;
+}
+
+Result<QByteArray> HostFiles::ReadAtMost(const QString& dosPath, qint64 most) {
+  constexpr qint64 kMegabyte = 1048576;
+  QFile file(ToHost(dosPath));
+  if (QFileInfo(file.fileName()).isDir()) return Failure{HostReason(file.fileName(), u"is a directory"_s)};
+  if (!file.open(QIODevice::ReadOnly)) return Failure{HostReason(file.fileName(), file.errorString())};
+  QByteArray content;
+  QByteArray piece;
+  if (file.size() <= most) content.reserve(file.size());
+  while (file.size() <= most && content.size() <= most && !(piece = file.read(kMegabyte)).isEmpty()) content += piece;
+  if (file.error() != QFileDevice::NoError) return Failure{HostReason(file.fileName(), file.errorString())};
+  const qint64 size = std::max<qint64>(file.size(), content.size());
+  if (size <= most) return content;
+  return Failure{HostReason(file.fileName(), u"has more than %1 MB; at most %2 are read"_s.arg((size - 1) / kMegabyte)
+                                                 .arg(most / kMegabyte))};
 }
 
 Status HostFiles::WriteAtomically(const QString& dosPath, const QByteArray& content) {

@@ -53,6 +53,10 @@ class HostFiles {
   /// Whole content of a file. Fails with the host path and the system's reason.
   static Result<QByteArray> Read(const QString& dosPath);
 
+  /// The same for a file of at most `most` bytes. Fails with both sizes for a larger one, of which no more is read; a
+  /// device that never ends is one, too.
+  static Result<QByteArray> ReadAtMost(const QString& dosPath, qint64 most);
+
   /// Writes to a temporary file beside the target, flushes it and renames it over the target. On failure the former
   /// file stands as it was and nothing else is left.
   static Status WriteAtomically(const QString& dosPath, const QByteArray& content);

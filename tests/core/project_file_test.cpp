@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include "core/project_xml.h"
 #include "support/drive_c.h"
 #include "support/project_builder.h"
@@ -119,6 +121,7 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
        u"ERROR loading node!\r\nParent: a\r\nKey: \r\nCaption: no key\r\n\r\n"
        u"Read the error condition and post it in a support forum\r\nProgram terminates after 'Ok'!"_s},
       {Document("1.07", Nested(1'000'000)), u"Could not load file C:\\p\\x.tvn"_s},
+      {Document("1.07", QByteArray("<NODE/>").repeated(500'001)), u"Could not load file C:\\p\\x.tvn"_s},
   };
   Project project(settings_);
   test::BuildTwoFilms(project);
@@ -134,6 +137,18 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
     EXPECT_EQ(project.FilmCount, 2);
   }
   EXPECT_FALSE(LoadProject(project, u"C:\\p\\missing.tvn"_s, prompter_));
+}
+
+TEST_F(ProjectFileTest, AFileThatIsTooLargeForAProjectIsNotRead) {
+  drive_.Write(u"p/x.tvn"_s, Document("1.07", ""));
+  ASSERT_TRUE(QFile::resize(HostFiles::ToHost(kFile), 64LL * 1048576 + 1));
+  Project project(settings_);
+  EXPECT_FALSE(LoadProject(project, kFile, prompter_));
+  EXPECT_FALSE(LoadProject(project, u"Z:\\dev\\zero"_s, prompter_));
+  ASSERT_EQ(prompter_.boxes.size(), 2U);
+  for (const Box& box : prompter_.boxes) {
+    EXPECT_TRUE(box.text.endsWith(u" has more than 64 MB; at most 64 are read")) << box.text.toStdString();
+  }
 }
 
 TEST_F(ProjectFileTest, FindsFilesThatMoved) {
