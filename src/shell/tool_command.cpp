@@ -52,16 +52,18 @@ class CommandMaker {
   }
 
  private:
-  /// The path as the program is given it. Wine knows drive Z only.
+  /// The path as the program is given it. Wine knows drive Z only. A file whose name begins with "-" is no option.
   QString Map(const QString& dosPath) {
     QString host = HostFiles::ToHost(dosPath);
     if (wine_) return HostFiles::ToDos(QDir::current().absoluteFilePath(host));
-    return host;
+    return host.startsWith(u'-') ? QString(u"./" + host) : host;
   }
 
-  /// The same for a path in a control file. There dvdauthor takes a name that ends in "|" for a command.
+  /// The same for a path in a control file. There the tools take a name that ends in "|" for a command, one that begins
+  /// with "&" for a number of an open file and "-" for their input, so none is relative.
   QString MapInside(const QString& dosPath) {
     QString mapped = Map(dosPath);
+    if (!wine_) mapped = QDir::cleanPath(QDir::current().absoluteFilePath(mapped));
     if (!mapped.endsWith(u'|')) return mapped;
     const Result<QString> folder = folder_.Path();
     if (!folder) return mapped + u'/';

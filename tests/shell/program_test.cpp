@@ -210,6 +210,18 @@ TEST_F(Programs, GoToWineWhereARealOneLies) {
   EXPECT_TRUE(run.find("\n<vob file=\"Z:\\") != std::string::npos) << run;
 }
 
+TEST_F(Programs, GetNoNameThatTheyTakeForMoreThanAName) {
+  MakeTool(u"dvdauthor"_s, "for a; do last=$a; done; cat \"$last\"\n");
+  MakeTool(u"mplex"_s, "for a; do printf '[%s]' \"$a\"; done\n");
+  Write(u"Author.xml"_s, "<vob file=\"-\"/><vob file=\"&3\"/><VOB FILE='&#38;3'/><pgc palette=\"a; b |\"/>");
+  const QString run = QString::fromStdString(RunBatch("\"C:\\T\\dvdauthor.exe\" -x \"C:\\T\\Author.xml\"\r\n"));
+  for (const QString& name : run.split(u'"').sliced(1)) {
+    EXPECT_TRUE(name.contains(u'<') || (name.startsWith(u'/') && !name.endsWith(u'|'))) << run.toStdString();
+  }
+  EXPECT_EQ(run.count(u'"'), 8);
+  EXPECT_EQ(RunBatch("\"C:\\T\\mplex.exe\" -M \"-S\" \"a|\"\r\n"), "[-M][./-S][a|]");
+}
+
 TEST_F(Programs, EndWithTheConsole) {
   Write(u"Author.xml"_s, "<dvdauthor/>");
   Write(u"x.bat"_s,
