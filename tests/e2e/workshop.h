@@ -86,6 +86,9 @@ class Workshop {
   CliResult Run(const QString& command, const QStringList& arguments = {},
                 const QString& assume = QStringLiteral("yes"));
 
+  /// The arguments of torvane-cli that set every directory and run a command.
+  QStringList CommandLine(const QStringList& command) const { return Arguments(command); }
+
   /// The same for a command that takes no project.
   CliResult RunPlain(const QString& command, const QStringList& arguments);
 
