@@ -170,6 +170,7 @@ void AddMenuSubtree(Project& project, const NewMenu& menu) {
 }
 
 void AddDefaultProject(Project& project) {
+  const ChangeGroup group(project.Tree);
   project.Reset();
   project.Tree.Add({kTotalSizeKey.toString(), kTotalSizeLabel + u"1"_s});
   if (project.Settings.UseIntro) AddIntro(project);

@@ -4,7 +4,6 @@
 
 #include "core/project.h"
 #include "core/project_difference.h"
-#include "core/tree_places.h"
 
 namespace torvane {
 namespace {
@@ -18,13 +17,13 @@ void Reverse(ProjectTree& tree, const TreeChange& change) {
       tree.Remove(change.key);
       return;
     case TreeChange::Removed:
-      AddAt(tree, change.removed.front(), {change.formerParent, change.formerPrevious});
+      tree.Add(change.removed.front(), change.formerPlace);
       for (std::size_t i = 1; i < change.removed.size(); ++i) {
         tree.Add(change.removed[i], change.removedParents[i], Relation::Child);
       }
       return;
     case TreeChange::Moved:
-      MoveTo(tree, change.key, {change.formerParent, change.formerPrevious});
+      tree.Move(change.key, change.formerPlace);
       return;
     case TreeChange::CaptionSet:
       tree.SetCaption(change.key, change.former);
@@ -62,7 +61,8 @@ QString History::UndoName() const { return CanUndo() ? done_.back().name : QStri
 QString History::RedoName() const { return CanRedo() ? undone_.back().name : QString(); }
 
 bool History::Undo() {
-  if (!CanUndo()) return false;
+  if (!CanUndo() || InNotice()) return false;
+  const ChangeGroup group(project_.Tree);
   Revert(done_, undone_);
   undone_.back().difference->Apply(project_, Side::Before);
   Tell(HistoryEvent::Undone);
@@ -70,7 +70,8 @@ bool History::Undo() {
 }
 
 bool History::Redo() {
-  if (!CanRedo()) return false;
+  if (!CanRedo() || InNotice()) return false;
+  const ChangeGroup group(project_.Tree);
   Revert(undone_, done_);
   done_.back().difference->Apply(project_, Side::After);
   Tell(HistoryEvent::Redone);
@@ -88,17 +89,20 @@ void History::MarkUnsaved() {
 }
 
 void History::Reset() {
+  const std::vector<Level> open = std::exchange(levels_, {});  // whose group ends when all is done
   ForgetSteps();
-  levels_.clear();
   changes_.clear();
   added_.clear();
   saved_ = 0;
+  changedOutside_ = false;
   Tell(HistoryEvent::Reset);
 }
 
 std::size_t History::Begin(const QString& name) {
+  if (InNotice()) return kNever;
+  auto group = std::make_unique<ChangeGroup>(project_.Tree);
   if (levels_.empty()) name_ = name;
-  levels_.push_back({changes_.size(), std::make_unique<ProjectSnapshot>(project_)});
+  levels_.push_back({changes_.size(), std::make_unique<ProjectSnapshot>(project_), std::move(group)});
   added_.clear();
   return levels_.size();
 }
@@ -156,7 +160,12 @@ void History::TreeChanged(const TreeChange& change) {
   const bool told = done_.empty() && undone_.empty() && saved_ == kNever;
   ForgetSteps();
   saved_ = kNever;
-  if (!told) Tell(HistoryEvent::Changed);
+  changedOutside_ |= !told;
+}
+
+void History::EditEnded() {
+  // Not earlier, as the other observers of the tree are in the middle of the change before.
+  if (std::exchange(changedOutside_, false)) Tell(HistoryEvent::Changed);
 }
 
 void History::Record(const TreeChange& change) {
@@ -190,8 +199,12 @@ void History::ForgetSteps() {
   undone_.clear();
 }
 
-void History::Tell(HistoryEvent event) const {
-  for (HistoryObserver* observer : observers_) observer->HistoryChanged(event);
+bool History::InNotice() const {
+  return project_.Tree.IsTelling() || observers_.IsTelling();
+}
+
+void History::Tell(HistoryEvent event) {
+  observers_.Tell(observers_.Now(), [event](HistoryObserver& observer) { observer.HistoryChanged(event); });
 }
 
 }  // namespace torvane

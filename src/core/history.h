@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/observer_list.h"
 #include "core/project_tree.h"
 
 namespace torvane {
@@ -24,7 +25,8 @@ enum class HistoryEvent {
   Reset,    ///< another project is open; there are no steps
 };
 
-/// Is told after the event. It must neither change the project nor undo from inside the call.
+/// Is told after the event, of an edit, undo or redo before the tree tells its EditEnded. It must neither change the
+/// project nor undo from inside the call, but may come and leave there as core/observer_list.h tells.
 class HistoryObserver {
  public:
   virtual ~HistoryObserver() = default;
@@ -43,7 +45,8 @@ class History : private TreeObserver {
   History(const History&) = delete;
   History& operator=(const History&) = delete;
 
-  /// Takes the latest step back, or makes the latest undone one again. False without such a step or inside an edit.
+  /// Takes the latest step back, or makes the latest undone one again. False without such a step, inside an edit and
+  /// inside a notice.
   /// The menu shown becomes the one that was shown before the edit, or after it.
   bool Undo();
   bool Redo();
@@ -65,8 +68,8 @@ class History : private TreeObserver {
   /// Forgets all steps; the project counts as saved. An edit that is still open then ends without effect.
   void Reset();
 
-  void AddObserver(HistoryObserver* observer) { observers_.push_back(observer); }
-  void RemoveObserver(HistoryObserver* observer) { std::erase(observers_, observer); }
+  void AddObserver(HistoryObserver* observer) { observers_.Add(observer); }
+  void RemoveObserver(HistoryObserver* observer) { observers_.Remove(observer); }
 
  private:
   friend class Edit;
@@ -83,6 +86,7 @@ class History : private TreeObserver {
   struct Level {
     std::size_t mark;
     std::unique_ptr<ProjectSnapshot> before;
+    std::unique_ptr<ChangeGroup> group;
   };
 
   static constexpr std::size_t kNever = static_cast<std::size_t>(-1);
@@ -92,11 +96,13 @@ class History : private TreeObserver {
   void Rollback(std::size_t depth);
 
   void TreeChanged(const TreeChange& change) override;
+  void EditEnded() override;
   void Record(const TreeChange& change);
   Level CloseLevel();
   void Revert(std::vector<Step>& from, std::vector<Step>& to);
   void ForgetSteps();
-  void Tell(HistoryEvent event) const;
+  bool InNotice() const;
+  void Tell(HistoryEvent event);
 
   Project& project_;
   std::vector<Step> done_;
@@ -108,7 +114,8 @@ class History : private TreeObserver {
   std::vector<TreeChange> changes_;  ///< of the open edit, or of the step that is being undone
   QSet<QString> added_;  ///< nodes added by the innermost edit, whose children go with them when they are taken back
   enum class Watch { Nothing, Edits, Reversal } watch_ = Watch::Edits;
-  std::vector<HistoryObserver*> observers_;
+  bool changedOutside_ = false;  ///< by a change outside of any edit, which the observers have not heard of
+  ObserverList<HistoryObserver> observers_;
 };
 
 }  // namespace torvane

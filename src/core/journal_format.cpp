@@ -9,7 +9,6 @@
 #include "core/edit.h"
 #include "core/project_settings.h"
 #include "core/settings_table.h"
-#include "core/tree_places.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -51,9 +50,14 @@ class Writer : public QDataStream {
   QDataStream& Begin(Record record) { return *this << quint8(record); }
 
   void Node(const ProjectNode& node) {
-    const TreePlace place = PlaceOf(node);
-    Begin(Record::Add) << node.Key() << node.Caption() << node.Tag() << qint32(node.Image()) << place.parent
-                       << place.previous;
+    Begin(Record::Add) << node.Key() << node.Caption() << node.Tag() << qint32(node.Image());
+    Place(node);
+  }
+
+  /// The keys of the parent and of the sibling in front, "" for none.
+  void Place(const ProjectNode& node) {
+    const auto keyOf = [](const ProjectNode* other) { return other ? other->Key() : QString(); };
+    *this << keyOf(node.Parent()) << keyOf(node.Previous());
   }
 
   void State(const ProjectState& state) {
@@ -110,20 +114,23 @@ class Reader : public QDataStream {
   QString Text() { return Value<QString>(); }
   int Number() { return Value<qint32>(); }
   bool Flag() { return Value<bool>(); }
-  TreePlace Place() { return {.parent = Text(), .previous = Text()}; }
 
   bool ReplayOne(Project& project) {
     ProjectTree& tree = project.Tree;
     switch (static_cast<Record>(Value<quint8>())) {
       case Record::Add: {
         const NodeData data{.Key = Text(), .Caption = Text(), .Tag = Text(), .Image = Number()};
-        return AddAt(tree, data, Place());
+        const QString parent = Text();
+        const QString previous = Text();
+        return previous.isEmpty() ? tree.Add(data, {parent, 0}) : tree.Add(data, previous, Relation::Next);
       }
       case Record::Remove:
         return tree.Remove(Text());
       case Record::Move: {
         const QString key = Text();
-        return MoveTo(tree, key, Place());
+        const QString parent = Text();
+        const QString previous = Text();
+        return previous.isEmpty() ? tree.Move(key, {parent, 0}) : tree.Move(key, previous, Relation::Next);
       }
       case Record::Caption: {
         const QString key = Text();
@@ -224,11 +231,10 @@ void JournalBlock::AddChange(const ProjectTree& tree, const TreeChange& change) 
     case TreeChange::Removed:
       writer.Begin(Record::Remove) << change.key;
       return;
-    case TreeChange::Moved: {
-      const TreePlace place = PlaceOf(*tree.Find(change.key));
-      writer.Begin(Record::Move) << change.key << place.parent << place.previous;
+    case TreeChange::Moved:
+      writer.Begin(Record::Move) << change.key;
+      writer.Place(*tree.Find(change.key));
       return;
-    }
     case TreeChange::CaptionSet:
       writer.Begin(Record::Caption) << change.key << tree.Find(change.key)->Caption();
       return;
@@ -278,6 +284,7 @@ Result<JournalReplay> ReplayJournal(const QByteArray& journal, Project& project)
   const Result<QByteArray> first = FirstBlock(journal, position);
   if (!first) return Failure{first.Error()};
 
+  const ChangeGroup group(project.Tree);
   project.Reset();
   Reader whole(*first);
   const JournalHead head = whole.Head();

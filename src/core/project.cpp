@@ -24,6 +24,7 @@ qint64 UsedSlots(const Table& table) {
 }  // namespace
 
 void Project::Reset() {
+  const ChangeGroup group(Tree);
   Settings = UserSettings;
   LoadedSettings.reset();
   Tree.Clear();

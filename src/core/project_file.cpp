@@ -213,6 +213,7 @@ bool LoadProject(Project& project, const QString& path, Prompter& prompter) {
     return false;
   }
 
+  const ChangeGroup group(project.Tree);
   project.Reset();
   project.ProjectFile = path;
   const QString projectDir = path.left(path.lastIndexOf(u'\\'));

@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "core/observer_list.h"
+
 namespace torvane {
 
 /// Icon class of a node, and at the same time its edit class. The numbers are part of the project file.
@@ -17,7 +19,9 @@ enum NodeImage {
   kHeadNode = 7,
 };
 
-/// One node of the project. Nodes are made and changed by their tree only.
+/// One node of the project. Nodes are made and changed by their tree only, which never moves one in memory: a pointer
+/// stays good until its node is removed. Reading renews nothing, so that several threads may read a tree that nobody
+/// changes.
 class ProjectNode {
  public:
   const QString& Key() const { return key_; }
@@ -26,12 +30,17 @@ class ProjectNode {
   const QString& Tag() const { return tag_ ? *tag_ : kNoTag; }
   int Image() const { return image_; }
 
-  const ProjectNode* Parent() const { return parent_; }
-  const ProjectNode* FirstChild() const { return firstChild_; }
-  const ProjectNode* LastChild() const { return lastChild_; }
-  const ProjectNode* Next() const { return next_; }
-  const ProjectNode* Previous() const { return previous_; }
-  int ChildCount() const { return childCount_; }
+  /// Null at the root level.
+  const ProjectNode* Parent() const { return parent_->parent_ ? parent_ : nullptr; }
+  /// Place among its siblings, from 0.
+  int Row() const { return row_; }
+  int ChildCount() const { return int(children_.size()); }
+  /// Null for a row that is not there.
+  const ProjectNode* ChildAt(int row) const { return row >= 0 && row < ChildCount() ? children_[row] : nullptr; }
+  const ProjectNode* FirstChild() const { return ChildAt(0); }
+  const ProjectNode* LastChild() const { return ChildAt(ChildCount() - 1); }
+  const ProjectNode* Next() const { return parent_->ChildAt(row_ + 1); }
+  const ProjectNode* Previous() const { return parent_->ChildAt(row_ - 1); }
 
   /// The caption behind a label: the caption's text from position `labelLength` on.
   QString Value(qsizetype labelLength) const { return caption_.mid(labelLength); }
@@ -47,12 +56,9 @@ class ProjectNode {
   QString caption_;
   std::unique_ptr<QString> tag_;  ///< null for "", as most nodes have none
   int image_ = kPlainNode;
-  int childCount_ = 0;
-  ProjectNode* parent_ = nullptr;
-  ProjectNode* firstChild_ = nullptr;
-  ProjectNode* lastChild_ = nullptr;
-  ProjectNode* next_ = nullptr;
-  ProjectNode* previous_ = nullptr;
+  int row_ = 0;
+  ProjectNode* parent_ = nullptr;  ///< of a root the invisible top, which alone has none
+  std::vector<ProjectNode*> children_;
 };
 
 /// Where a node is put, seen from its relative.
@@ -62,6 +68,13 @@ enum class Relation {
   Previous,  ///< directly in front of the relative
   First,     ///< as first sibling of the relative
   Child,     ///< as last child of the relative
+};
+
+/// A place in a tree: the key of the parent ("" is the root level) and the row among its children, from 0.
+struct TreePlace {
+  QString parent = {};
+  int row = 0;
+  bool operator==(const TreePlace&) const = default;
 };
 
 /// What a new node holds.
@@ -82,31 +95,49 @@ class ClearedNodes {
  private:
   friend class ProjectTree;
 
-  ProjectNode* firstRoot_ = nullptr;
+  std::unique_ptr<ProjectNode> top_;
   std::vector<std::unique_ptr<ProjectNode[]>> blocks_;
 };
 
-/// One real change of the tree, with all that is needed to take it back. Text fields that do not belong to the kind
-/// are empty.
+/// One real change of the tree, with all that is needed to take it back and to tell an item model of it. Fields that do
+/// not belong to the kind are empty.
 struct TreeChange {
   enum Kind { Added, Removed, Moved, CaptionSet, TagSet, Cleared };
 
   Kind kind;
   QString key = {};             ///< the node; of a removed subtree its root
   QString former = {};          ///< CaptionSet, TagSet: the text before the change
-  QString formerParent = {};    ///< Moved, Removed: parent key before the change, "" at the root level
-  QString formerPrevious = {};  ///< Moved, Removed: key of the sibling in front before the change, "" for the first
-  std::vector<NodeData> removed = {};        ///< Removed: all nodes that went, in tree order
+  TreePlace place = {};         ///< Added, Moved: where the node stands after the change
+  TreePlace formerPlace = {};   ///< Removed, Moved: where it stands before the change
+  std::vector<NodeData> removed = {};        ///< Removed: all nodes that go, in tree order
   std::vector<QString> removedParents = {};  ///< Removed: their parent keys
-  std::shared_ptr<const ClearedNodes> cleared = {};  ///< Cleared: all nodes, which who keeps the change keeps
+  /// Cleared: all nodes, which who keeps the change keeps; null in the notice before the change, as the tree has them.
+  std::shared_ptr<const ClearedNodes> cleared = {};
   bool operator==(const TreeChange&) const = default;
+
+  /// Moved: the row that the node is put in front of, counted while it still stands at its former place. So wants it
+  /// `QAbstractItemModel::beginMoveRows`.
+  int DestinationRow() const;
 };
 
-/// Is told of each change, after it has been made. It must not change the tree from inside the call.
+/// Is told of each change, twice: while the tree is still as it was, and when the change has been made. Both notices
+/// carry the same change. Between the two stands nothing but the change itself.
+///
+/// Each change lies between an EditBegan and an EditEnded, whoever makes it: an `Edit`, with all edits within it, is
+/// one such group, and so are undo, redo, the taking back of an edit, the loading of a project, and a change outside of
+/// all of these. What is dear, such as drawing, waits for EditEnded; a group may also turn out to hold no change.
+///
+/// An observer must not change the tree from inside a notice: the tree refuses all its primitives meanwhile, with a
+/// warning on the log, and an edit, undo or redo begun there does nothing. It may come, leave and be deleted there, as
+/// core/observer_list.h tells; both pairs of notices are kept, so that nobody hears of an end without the beginning.
 class TreeObserver {
  public:
   virtual ~TreeObserver() = default;
-  virtual void TreeChanged(const TreeChange& change) = 0;
+  virtual void EditBegan() {}
+  virtual void TreeWillChange(const TreeChange& /*change*/) {}
+  virtual void TreeChanged(const TreeChange& /*change*/) {}
+  /// The project is whole again; its history has told what became of the edit.
+  virtual void EditEnded() {}
 };
 
 /// The one and only store of a project: nodes with unique keys in stored order, looked up by hash.
@@ -126,10 +157,14 @@ class ProjectTree {
   /// Adds a node at the end of the root level.
   const ProjectNode* Add(const NodeData& data);
   const ProjectNode* Add(const NodeData& data, const QString& relativeKey, Relation relation);
+  /// At a row that becomes the new node's, 0 to the number of its siblings.
+  const ProjectNode* Add(const NodeData& data, const TreePlace& place);
   /// Removes a node with its subtree.
   bool Remove(const QString& key);
   /// Puts a node with its subtree elsewhere. Refused when the relative lies in that subtree.
   bool Move(const QString& key, const QString& relativeKey, Relation relation);
+  /// To a row that becomes the node's, 0 to the number of its siblings there. Refused below the node itself.
+  bool Move(const QString& key, const TreePlace& place);
   bool SetCaption(const QString& key, const QString& caption);
   bool SetTag(const QString& key, const QString& tag);
   void Clear();
@@ -137,17 +172,23 @@ class ProjectTree {
   /// Null for a key that is not there, which is an ordinary answer.
   const ProjectNode* Find(const QString& key) const { return Node(key); }
   bool Contains(const QString& key) const { return index_.contains(KeyRef{&key}); }
-  const ProjectNode* FirstRoot() const { return top_.firstChild_; }
-  const ProjectNode* LastRoot() const { return top_.lastChild_; }
+  const ProjectNode* FirstRoot() const { return top_->FirstChild(); }
+  const ProjectNode* LastRoot() const { return top_->LastChild(); }
+  int RootCount() const { return top_->ChildCount(); }
+  const ProjectNode* RootAt(int row) const { return top_->ChildAt(row); }
   qsizetype NodeCount() const { return index_.size(); }
 
   /// The node that follows in tree order (children before siblings), null after the last; null starts at the first.
   const ProjectNode* NextInOrder(const ProjectNode* node) const;
 
-  void AddObserver(TreeObserver* observer) { observers_.push_back(observer); }
-  void RemoveObserver(TreeObserver* observer) { std::erase(observers_, observer); }
+  void AddObserver(TreeObserver* observer) { observers_.Add(observer); }
+  void RemoveObserver(TreeObserver* observer) { observers_.Remove(observer); }
+  /// True inside a notice, when nothing can be changed.
+  bool IsTelling() const { return observers_.IsTelling(); }
 
  private:
+  friend class ChangeGroup;
+
   /// A key in the index: the one that the node holds, not a copy.
   struct KeyRef {
     const QString* key;
@@ -157,25 +198,46 @@ class ProjectTree {
 
   struct Place {
     ProjectNode* parent = nullptr;  ///< null when there is no such place
-    ProjectNode* previous = nullptr;
+    int row = 0;                    ///< of the sibling that will follow, as the rows are before the change
   };
 
   ProjectNode* Node(const QString& key) const { return index_.value(KeyRef{&key}, nullptr); }
-  Place FindPlace(const QString& relativeKey, Relation relation);
-  void Link(ProjectNode* node, Place place);
-  void Unlink(ProjectNode* node);
+  Place FindPlace(const QString& relativeKey, Relation relation) const;
   const ProjectNode* Insert(const NodeData& data, Place place);
-  void CollectSubtree(const ProjectNode* root, TreeChange& change) const;
+  bool Relocate(ProjectNode* node, Place place);
+  static void Link(ProjectNode* node, Place place);
+  static void Unlink(ProjectNode* node);
+  static void Renumber(const ProjectNode& parent, int first);
+  static void CollectSubtree(const ProjectNode* root, TreeChange& change);
   void Delete(ProjectNode* subtree);
   ProjectNode* NewNode();
-  void Tell(const TreeChange& change) const;
-  QString ParentKey(const ProjectNode* node) const;
+  bool RefusesChanges() const;
+  template <class Make>
+  void Change(TreeChange& change, const Make& make);
+  void BeginGroup();
+  void EndGroup();
 
-  ProjectNode top_;  ///< invisible parent of the roots
+  std::unique_ptr<ProjectNode> top_ = std::make_unique<ProjectNode>();  ///< invisible parent of the roots
   QHash<KeyRef, ProjectNode*> index_;
   std::vector<std::unique_ptr<ProjectNode[]>> blocks_;  ///< nodes live in blocks and are used again
   std::vector<ProjectNode*> free_;
-  std::vector<TreeObserver*> observers_;
+  ObserverList<TreeObserver> observers_;
+  int groups_ = 0;                                     ///< open groups, each within the one before
+  ObserverList<TreeObserver>::Moment groupBegan_ = 0;  ///< the outermost one
+};
+
+/// Makes one group of all changes of a tree during its life: the observers hear one EditBegan and one EditEnded around
+/// them. A group within another one joins it. Every `Edit` is one; who builds a whole project outside of an edit opens
+/// one for it.
+class [[nodiscard]] ChangeGroup {
+ public:
+  explicit ChangeGroup(ProjectTree& tree) : tree_(tree) { tree_.BeginGroup(); }
+  ~ChangeGroup() { tree_.EndGroup(); }
+  ChangeGroup(const ChangeGroup&) = delete;
+  ChangeGroup& operator=(const ChangeGroup&) = delete;
+
+ private:
+  ProjectTree& tree_;
 };
 
 }  // namespace torvane

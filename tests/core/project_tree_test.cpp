@@ -83,14 +83,15 @@ TEST(ProjectTree, TellsEachChangeWithWhatIsNeededToTakeItBack) {
   EXPECT_EQ(cleared->NextInOrder(went), nullptr);
   using enum TreeChange::Kind;
   const std::vector<TreeChange> expected{
-      {.kind = Added, .key = u"a"_s},
-      {.kind = Added, .key = u"b"_s},
-      {.kind = Added, .key = u"b1"_s},
+      {.kind = Added, .key = u"a"_s, .place = {QString(), 0}},
+      {.kind = Added, .key = u"b"_s, .place = {QString(), 1}},
+      {.kind = Added, .key = u"b1"_s, .place = {u"b"_s, 0}},
       {.kind = CaptionSet, .key = u"b1"_s, .former = u"x"_s},
       {.kind = TagSet, .key = u"b1"_s, .former = u"7"_s},
-      {.kind = Moved, .key = u"a"_s},
+      {.kind = Moved, .key = u"a"_s, .place = {QString(), 1}, .formerPlace = {QString(), 0}},
       {.kind = Removed,
        .key = u"b"_s,
+       .formerPlace = {QString(), 0},
        .removed = {Node(u"b"_s), {.Key = u"b1"_s, .Caption = u"y"_s, .Tag = u"8"_s, .Image = kInPlaceNode}},
        .removedParents = {QString(), u"b"_s}},
       {.kind = Cleared},
