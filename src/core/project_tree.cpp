@@ -156,19 +156,20 @@ ProjectTree::Place ProjectTree::FindPlace(const QString& relativeKey, Relation r
 
 void ProjectTree::Link(ProjectNode* node, Place place) {
   node->parent_ = place.parent;
-  std::vector<ProjectNode*>& siblings = place.parent->children_;
-  siblings.insert(siblings.begin() + place.row, node);
+  auto& siblings = place.parent->children_;
+  if (!siblings) siblings = std::make_unique<std::vector<ProjectNode*>>();
+  siblings->insert(siblings->begin() + place.row, node);
   Renumber(*place.parent, place.row);
 }
 
 void ProjectTree::Unlink(ProjectNode* node) {
-  std::vector<ProjectNode*>& siblings = node->parent_->children_;
+  std::vector<ProjectNode*>& siblings = *node->parent_->children_;
   siblings.erase(siblings.begin() + node->row_);
   Renumber(*node->parent_, node->row_);
 }
 
 void ProjectTree::Renumber(const ProjectNode& parent, int first) {
-  for (int row = first; row < parent.ChildCount(); ++row) parent.children_[row]->row_ = row;
+  for (int row = first; row < parent.ChildCount(); ++row) (*parent.children_)[row]->row_ = row;
 }
 
 void ProjectTree::CollectSubtree(const ProjectNode* root, TreeChange& change) {
@@ -190,7 +191,7 @@ void ProjectTree::Delete(ProjectNode* subtree) {
   while (!pending.empty()) {
     ProjectNode* node = pending.back();
     pending.pop_back();
-    pending.insert(pending.end(), node->children_.begin(), node->children_.end());
+    if (node->children_) pending.insert(pending.end(), node->children_->begin(), node->children_->end());
     index_.remove(KeyRef{&node->key_});
     *node = ProjectNode();
     free_.push_back(node);

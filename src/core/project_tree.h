@@ -34,9 +34,9 @@ class ProjectNode {
   const ProjectNode* Parent() const { return parent_->parent_ ? parent_ : nullptr; }
   /// Place among its siblings, from 0.
   int Row() const { return row_; }
-  int ChildCount() const { return int(children_.size()); }
+  int ChildCount() const { return children_ ? int(children_->size()) : 0; }
   /// Null for a row that is not there.
-  const ProjectNode* ChildAt(int row) const { return row >= 0 && row < ChildCount() ? children_[row] : nullptr; }
+  const ProjectNode* ChildAt(int row) const { return row >= 0 && row < ChildCount() ? (*children_)[row] : nullptr; }
   const ProjectNode* FirstChild() const { return ChildAt(0); }
   const ProjectNode* LastChild() const { return ChildAt(ChildCount() - 1); }
   const ProjectNode* Next() const { return parent_->ChildAt(row_ + 1); }
@@ -57,8 +57,8 @@ class ProjectNode {
   std::unique_ptr<QString> tag_;  ///< null for "", as most nodes have none
   int image_ = kPlainNode;
   int row_ = 0;
-  ProjectNode* parent_ = nullptr;  ///< of a root the invisible top, which alone has none
-  std::vector<ProjectNode*> children_;
+  ProjectNode* parent_ = nullptr;                        ///< of a root the invisible top, which alone has none
+  std::unique_ptr<std::vector<ProjectNode*>> children_;  ///< null for none, as most nodes have none
 };
 
 /// Where a node is put, seen from its relative.
