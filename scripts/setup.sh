@@ -1,4 +1,4 @@
-# What Torvane needs of a Debian 12, in one place. Sourced by make-disc and run-tests; not a program of its own.
+# What Torvane needs of a Debian 12, in one place. Sourced by make-disc, run-tests and check-style; not a program of its own.
 # shellcheck shell=bash disable=SC2034,SC2154  # the caller uses the lists and sets root
 
 # To build the programs.
@@ -9,6 +9,9 @@ run_packages=(dvdauthor mjpegtools genisoimage ffmpeg fontconfig fonts-liberatio
 
 # To build and run the tests.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libdvdnav-dev libdvdread-dev)
+
+# To check the form of the code.
+style_packages=(clang-format clang-tidy)
 
 die() {
   echo "$(basename "$0"): $*" >&2
