@@ -8,7 +8,7 @@ build_packages=(build-essential cmake ninja-build pkg-config qt6-base-dev)
 run_packages=(dvdauthor mjpegtools genisoimage ffmpeg fontconfig fonts-liberation)
 
 # To build and run the tests.
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libdvdnav-dev libdvdread-dev)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libdvdnav-dev libdvdread-dev fuse2fs fuse3)
 
 # To check the form of the code.
 style_packages=(clang-format clang-tidy)

@@ -10,8 +10,8 @@ namespace torvane::test {
 /// A file system of a few megabytes that really runs full, for as long as the object lives.
 ///
 /// A tmpfs mounted for the purpose where this process may do that (root, or in a name space of its own: see
-/// with_mounts.sh); else the /dev/shm of a container, filled up to the wanted rest. Fails the running test where
-/// neither can be had.
+/// with_mounts.sh); else the /dev/shm of a container, filled up to the wanted rest; else an image that FUSE mounts for
+/// any user. Fails the running test, with what it needs, where none can be had.
 class SmallDisk {
  public:
   explicit SmallDisk(int megabytes);
@@ -25,10 +25,13 @@ class SmallDisk {
  private:
   bool Mount(int megabytes);
   bool FillSharedMemory(int megabytes);
+  bool MountImage(int megabytes);
+
+  enum class MountKind { None, Tmpfs, Fuse };
 
   std::unique_ptr<QTemporaryDir> dir_;
   QString path_;
-  bool mounted_ = false;
+  MountKind mount_ = MountKind::None;
 };
 
 }  // namespace torvane::test
