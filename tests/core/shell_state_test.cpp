@@ -5,7 +5,6 @@
 #include <QTemporaryDir>
 
 #include "core/edit.h"
-#include "core/help_pages.h"
 #include "core/messages.h"
 #include "core/outside_tools.h"
 #include "core/project_questions.h"
@@ -21,15 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-/// The default settings with a few others: flags and numbers by key.
-Settings With(const QHash<QString, int>& values) {
-  SettingTexts texts;
-  for (auto value = values.begin(); value != values.end(); ++value) texts[value.key()] = QString::number(value.value());
-  Settings settings;
-  ReadSettings(texts, settings);
-  return settings;
-}
-
 TEST(ShellTexts, TheTitleNamesEngineAndProject) {
   Project project(test::FixedSettings());
   project.ProjectFile = u"Z:\\v\\holiday.tvn"_s;
@@ -40,48 +30,6 @@ TEST(ShellTexts, TheTitleNamesEngineAndProject) {
   EXPECT_EQ(WindowTitle(project), u"Torvane for MuxMan    Project: /"_s + QString(63, u'd') + u" .../holiday.tvn");
   project.ProjectFile = u"Z:\\"_s + QString(100, u'n');
   EXPECT_EQ(WindowTitle(project), u"Torvane for MuxMan    Project: /"_s + QString(75, u'n') + u" ...");
-}
-
-TEST(ShellTexts, PanesFollowTheSettings) {
-  const struct {
-    QHash<QString, int> settings;
-    QString texts;  // panes apart by |
-    bool burnAndIntro = false;
-  } cases[] = {
-      {{}, u"Multi-VTS, PAL, 4:3|Start act.: Menu|End act.: Mainmenu|Button: Text|Autoburn|Use Intro|100x80|"_s},
-      {{{u"AdvancedMode"_s, 1}, {u"VideoNormPal"_s, 0}, {u"NoTitleSets"_s, 1}, {u"NoShowTitleSetMenu"_s, 1},
-        {u"NoMenus"_s, 1}, {u"PostGoMain"_s, 0}, {u"GoNextTitle"_s, 1}, {u"AutoCrop"_s, 1}, {u"AnimatedMainMenu"_s, 1},
-        {u"DefMenuRatio"_s, 1}, {u"TextButtons"_s, 2}, {u"NeroBurn"_s, 1}, {u"UseIntro"_s, 1}},
-       u"Single-VTS, NTSC, 16:9, Adv.Mode, Animated, NO MENUS|Start act.: Movie|End act.: Next movie|Button: Graph|"
-       "Autoburn|Use Intro|100x80 (Crop=10,8,-10,-8)|"_s,
-       true},
-      {{{u"PostGoMain"_s, 0}, {u"AutoCrop"_s, 1}, {u"TextButtons"_s, 0}},
-       u"Multi-VTS, PAL, 4:3|Start act.: Menu|End act.: Titlesetmenu|Button: Graph|Autoburn|Use Intro|100x80|"_s},
-  };
-  const QStringView names[] = {u"fixed",    u"startaction", u"stopaction", u"buttontype",
-                               u"autoburn", u"intro",       u"graphsize",  u"selection"};
-  for (const auto& [settings, texts, burnAndIntro] : cases) {
-    QList<StatusPane> expected;
-    for (const QString& text : texts.split(u'|')) expected << StatusPane{names[expected.size()], text};
-    expected[4].enabled = expected[5].enabled = burnAndIntro;
-    EXPECT_EQ(StatusPanes(With(settings)), expected) << texts.toStdString();
-  }
-}
-
-TEST(ShellTexts, ToolsFollowProjectAndMenu) {
-  Project project(test::FixedSettings());
-  AddDefaultProject(project);
-  EXPECT_EQ(AvailableTools(project),
-            (ShellTools{.advanced = true, .syntaxCheck = true, .goToMenu = true, .insertPlayAll = true}));
-  test::AddFilm(project, 1, MainMenuKey(), u"C:\\a.m2v"_s);
-  project.CurrentMenuKey = u"TS1"_s;
-  project.Settings.Engine = 1;
-  project.Settings.NoMenus = project.Settings.AnimatedMainMenu = true;
-  ShellTools tools{.insertPlayList = true, .insertChapter = true, .autoShrink = true, .scriptPreview = true};
-  EXPECT_EQ(AvailableTools(project), tools);
-  project.CurrentMenuKey = MainMenuKey();
-  tools.animation = tools.advanced = true;
-  EXPECT_EQ(AvailableTools(project), tools);
 }
 
 TEST(SizeBar, ReachesAsFarAsTheDiscIsFull) {
@@ -116,13 +64,6 @@ TEST(SizeBar, ReachesAsFarAsTheDiscIsFull) {
       EXPECT_NEAR(made[i].to, segments[i].to, 1e-9) << total;
     }
   }
-  const auto ticks = [](int gigabytes) {
-    QList<SizeBar::Tick> labels;
-    for (int i = 0; i < 5; ++i) labels << SizeBar::Tick{i * 144.0, u"| "_s + QString::number(i * gigabytes) + u"GB"};
-    return labels;
-  };
-  EXPECT_EQ(MakeSizeBar(1, SingleLayer).ticks, ticks(1));
-  EXPECT_EQ(MakeSizeBar(1, DualLayer).ticks, ticks(2));
 }
 
 TEST(RecentFilesList, KeepsTheLatestNineThatExist) {
@@ -153,21 +94,6 @@ TEST(RecentFilesList, KeepsTheLatestNineThatExist) {
   RecentFiles(store).CopyTo(settings);
   EXPECT_EQ((QStringList{settings.MRUFILE0, settings.MRUFILE6, settings.MRUFILE7, settings.MRUFILE9}),
             (QStringList{left[0], left[6], QString(), QString()}));
-}
-
-TEST(HelpPages, LieInTheDirectoryOfTheLanguage) {
-  const QTemporaryDir dir;
-  Settings settings;
-  settings.AppPath = HostFiles::ToDos(dir.path());
-  const QString page = settings.AppPath + u"\\hilfe\\TvnFAQ.html";
-  ASSERT_TRUE(HostFiles::MakeDir(settings.AppPath + u"\\hilfe"_s));
-  ASSERT_TRUE(HostFiles::WriteAtomically(page, "x"));
-  EXPECT_EQ(FindHelpPage(settings, HelpPage::Faq).Error(),
-            u"Help file: %1\\help\\TvnFAQ.html not found"_s.arg(settings.AppPath));
-  settings.LangID = kGerman;
-  ASSERT_TRUE(FindHelpPage(settings, HelpPage::Faq));
-  EXPECT_EQ(*FindHelpPage(settings, HelpPage::Faq), page);
-  EXPECT_FALSE(FindHelpPage(settings, HelpPage::Index));
 }
 
 TEST(OutsideTools, WhatIsMissingIsToldOneByOne) {
@@ -213,7 +139,9 @@ TEST(ProjectQuestions, ClosingAsksOnlyAboutChangesThatWouldBeLost) {
       {true, true, false, Answer::Yes, SavesUnderNewNameAndCloses},
   };
   for (const auto& [ask, changed, named, answer, result] : cases) {
-    Project project(With({{u"AskForSave"_s, ask}}));
+    Settings settings;
+    settings.AskForSave = ask;
+    Project project(settings);
     AddDefaultProject(project);
     project.ProjectNamed = named;
     if (changed) project.History.MarkUnsaved();
