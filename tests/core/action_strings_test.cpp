@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/golden.h"
 #include "support/project_builder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -10,47 +11,18 @@ namespace torvane {
 namespace {
 
 TEST(ActionStrings, FollowEngineAndLoopSyntax) {
-  struct Case {
-    GeneratedAction action;
-    QString dvdauthor;
-    QString looping;
-    QString muxMan;
-  };
   const ActionNumbers numbers{.place = 4, .title = 2, .titleSet = 3, .chapter = 5, .playList = 6, .menu = 7};
-  const Case cases[] = {
-      {GeneratedAction::FilmSingle, u"g1=4;jump title 2;"_s, u"g1=4;jump title 2;"_s, u"JumpTT TitleSet1_Title2"_s},
-      {GeneratedAction::FilmTitleSet, u"jump titleset 2 menu;"_s, u"g3=1;jump titleset 2 menu;"_s,
-       u"JumpSS vts_2, vts_ttn_1 : RootMenu"_s},
-      {GeneratedAction::FilmTitleSetDirect, u"jump titleset 2 menu;"_s, u"g3=1;jump titleset 2 menu;"_s,
-       u"JumpTT TitleSet2_Title1"_s},
-      {GeneratedAction::AudioTitleSet, u"jump titleset 2 menu;"_s, u"jump titleset 2 menu;"_s,
-       u"JumpSS vts_2, vts_ttn_1 : RootMenu"_s},
-      {GeneratedAction::Chapter, u"jump title 1 chapter 5;"_s, u"jump title 1 chapter 5;"_s,
-       u"JumpVTS_PTT TitleSet3_Title1_chapter5"_s},
-      {GeneratedAction::Track, u"jump title 5;"_s, u"jump title 5;"_s, u"JumpVTS_PTT TitleSet3_Title1_chapter5"_s},
-      {GeneratedAction::PlayListSingle, u""_s, u""_s, u"JumpTT TitleSet1_Title2_PL6"_s},
-      {GeneratedAction::PlayListTitleSet, u""_s, u""_s, u"JumpTT TitleSet2_Title1_PL6"_s},
-      {GeneratedAction::MainSubMenu, u"jump menu 8;"_s, u"g1=1;jump menu 8;"_s, u"LinkPGCN MainSubMenu7"_s},
-      {GeneratedAction::TitleSetSubMenu, u"jump menu 8;"_s, u"g1=1;jump menu 8;"_s, u"LinkPGCN TS3SubMenu7"_s},
-      {GeneratedAction::BackToMainMenu, u"jump menu 1;"_s, u"g1=1;jump menu 1;"_s, u"LinkPGCN MainMenu"_s},
-      {GeneratedAction::BackToTitleSetMenu, u"jump titleset 3 menu;"_s, u"g1=1;jump titleset 3 menu;"_s,
-       u"LinkPGCN TitleSet3Menu"_s},
-      {GeneratedAction::BackFromTitleSet, u"jump vmgm menu;"_s, u"g1=1; g3=1;jump vmgm menu;"_s, u"JumpSS MainMenu"_s},
-      {GeneratedAction::BackFromTitleSetSub, u"jump vmgm menu 8;"_s, u"g1=1; g3=1;jump vmgm menu 8;"_s,
-       u"JumpSS MainSubMenu7"_s},
-      {GeneratedAction::PreOfMainSubMenu, u"g1=1; button=1024;"_s, u"g3=1; if (g1 eq 0) g1=1; button=g1*1024;"_s,
-       u"SetHL_BTNN HL_BTNN=1"_s},
-      {GeneratedAction::PreOfSubMenu, u"button=1024;"_s, u"g3=1; if (g1 eq 0) g1=1; button=g1*1024;"_s,
-       u"SetHL_BTNN HL_BTNN=1"_s},
-  };
-  for (const Case& c : cases) {
+  QString text;
+  for (int action = 0; action <= int(GeneratedAction::PreOfSubMenu); ++action) {
     Settings settings = test::FixedSettings();
-    EXPECT_EQ(ActionText(c.action, numbers, settings), c.dvdauthor);
-    settings.LoopSyntax = true;
-    EXPECT_EQ(ActionText(c.action, numbers, settings), c.looping);
-    settings.Engine = kEngineMuxMan;
-    EXPECT_EQ(ActionText(c.action, numbers, settings), c.muxMan);
+    for (const auto& [engine, looping] :
+         {std::pair(kEngineDvdauthor, false), {kEngineDvdauthor, true}, {kEngineMuxMan, true}}) {
+      settings.Engine = engine;
+      settings.LoopSyntax = looping;
+      text += ActionText(GeneratedAction(action), numbers, settings) + u'\n';
+    }
   }
+  test::ExpectGolden(text.toUtf8(), u"generated_actions.txt"_s);
 }
 
 TEST(ActionStrings, BackToASubmenuIsTheActionThatLeadsThere) {
