@@ -77,11 +77,5 @@ TEST(TotalSize, AddsFilmsMenusAndOne) {
   }
 }
 
-TEST(Transparency, ComesFromTheOpacity) {
-  for (const auto& [opacity, text] : {std::pair(255, u"0%"_s), {150, u"41%"_s}, {128, u"49%"_s}, {0, u"100%"_s}}) {
-    EXPECT_EQ(TransparencyText(opacity), text);
-  }
-}
-
 }  // namespace
 }  // namespace torvane

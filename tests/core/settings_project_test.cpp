@@ -58,16 +58,6 @@ TEST(ProjectSettings, AProjectBringsItsSettingsIntoAnyProgram) {
   EXPECT_EQ(other, saved);
 }
 
-TEST(ProjectSettings, TheNameOf169ModeIsReadInBothForms) {
-  for (const QString& element : {u"SETTINGS4"_s, u"SETTINGS5"_s}) {
-    for (const QString& name : {u"169MODE"_s, u"_169MODE"_s}) {
-      Settings settings;
-      ReadProjectSettings({{element, {{name, u"2"_s}}}}, element == u"SETTINGS4"_s ? 1.0F : 1.05F, {}, settings);
-      EXPECT_EQ(settings.Def169Mode, 2) << element.toStdString() << " " << name.toStdString();
-    }
-  }
-}
-
 /// What each version reads of one and the same content, in the order DefButtomType, Engine, DefShadow, DefBBOutline.
 TEST(ProjectSettings, TheVersionDecidesWhichElementsAreRead) {
   const ElementAttributes elements{

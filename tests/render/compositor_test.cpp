@@ -342,14 +342,6 @@ TEST_F(Compositor, LabelsHaveBlockEdgesAndOutlines) {
   }
 }
 
-TEST_F(Compositor, ScalesTheValueOfAColorAlone) {
-  EXPECT_EQ(WithValue(qRgb(255, 128, 0), 1), qRgb(255, 128, 0));
-  EXPECT_EQ(WithValue(qRgb(255, 128, 1), 1 - 128 / 255.0), qRgb(127, 63, 0));
-  EXPECT_EQ(WithValue(qRgb(255, 128, 1), 0), qRgb(0, 0, 0));
-  EXPECT_EQ(WithValue(qRgb(255, 128, 1), -3), qRgb(0, 0, 0));
-  EXPECT_EQ(WithValue(qRgb(200, 100, 50), 2), qRgb(255, 200, 100));
-}
-
 TEST_F(Compositor, TellsWhetherTheButtonsKeepTheRules) {
   AddButton(project_, u"MM"_s, 1, u"a"_s, {100, 100, 80, 40});
   EXPECT_TRUE(Compose().ButtonsValid);

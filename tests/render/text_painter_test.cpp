@@ -74,15 +74,6 @@ TEST(TextPainter, ReplacesAFontThatIsNotThere) {
   EXPECT_EQ(width(u"Arial"_s), width(u"Liberation Sans"_s));
 }
 
-TEST(TextPainter, ReadsDamagedFontsAsTheDefault) {
-  TextGeometry geometry;
-  EXPECT_EQ(FontOf(geometry), FontRecord());
-  geometry.FontName = u"Courier New"_s;
-  geometry.FontSize = 9.75;
-  geometry.Bold = geometry.Strikethru = true;
-  EXPECT_EQ(FontOf(geometry), (FontRecord{u"Courier New"_s, 9.75, true, false, true, false}));
-}
-
 TEST(TextPainter, PrintsWithinTheLinesCellAndAsFarAsOutlinesAndBlocksSay) {
   const TextPainter painter(Font(24));
   const TextLine line{u"Hxg"_s, {40, 30}};
