@@ -68,27 +68,6 @@ class RealTools : public ConsoleTest {
   }
 };
 
-TEST_F(RealTools, MakeADiscWhateverThePathsHold) {
-  WriteMenu();
-  WriteAuthor(u"MMBackg"_s);
-  const QByteArray author = ReadText(u"Author.xml"_s);
-  std::string printed;
-  for (const QString& batch : {u"MakeMenu.bat"_s, u"AddButtons.bat"_s, u"Author.bat"_s, u"Image.bat"_s}) {
-    const std::string output = RunText(Data(batch));
-    EXPECT_TRUE(output.ends_with("\n\r\nC:\\T>")) << output;
-    printed += output;
-  }
-  EXPECT_FALSE(Contains(printed, "ERR")) << printed;
-  EXPECT_TRUE(Contains(printed, "INFO: 1 subtitles added"));
-  EXPECT_EQ(QDir(TempHost(u"Out/DVD/VIDEO_TS"_s)).entryList(QDir::Files, QDir::Name),
-            (QStringList{u"VIDEO_TS.BUP"_s, u"VIDEO_TS.IFO"_s, u"VIDEO_TS.VOB"_s, u"VTS_01_0.BUP"_s, u"VTS_01_0.IFO"_s,
-                         u"VTS_01_1.VOB"_s}));
-  EXPECT_EQ(Titles(), 2);
-  EXPECT_GT(QFile(TempHost(u"Ü 1.ISO"_s)).size(), 100000);
-  EXPECT_EQ(ReadText(u"Author.xml"_s), author);
-  EXPECT_EQ(Leftovers(), QStringList());
-}
-
 TEST_F(RealTools, SpumuxWithoutASubpictureFailsInItsOwnWords) {
   WriteMenu();
   RunText(Data(u"MakeMenu.bat"_s));
