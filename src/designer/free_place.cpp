@@ -39,9 +39,9 @@ class PlaceFinder::Trial {
   Trial(const Project& project, const QString& menu, const NewButton& button, const TextMeasure& measure)
       : scratch_(project.Settings), menu_(menu) {
     ProjectTree& tree = scratch_.Tree;
-    tree.Add({.Key = menu});
+    tree.Add({.Key = menu, .Caption = {}});
     for (const Attribute group : {menu_node::Buttons, menu_node::Labels}) {
-      tree.Add({.Key = MenuNodeKey(menu, group)}, menu, Relation::Child);
+      tree.Add({.Key = MenuNodeKey(menu, group), .Caption = {}}, menu, Relation::Child);
     }
     for (const Attribute form : {menu_node::HighLightFill, menu_node::HighLightFrame}) {
       const ProjectNode* node = project.Tree.Find(MenuNodeKey(menu, form));

@@ -13,6 +13,7 @@
 #include "platform/host_files.h"
 #include "support/drive_c.h"
 #include "support/edit_bench.h"
+#include "support/harmless_values.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -154,7 +155,7 @@ TEST_F(PlanCheckTest, ASubmenuOfTheMainMenuHasOneType) {
             (QList<Finding>{{Severity::Warning, u"MM1PType"_s,
                              u"Menu MainSubMenu1 (MM1) is of the type \"Audio\", which submenus of titlesets alone can "
                              u"have. It is made as an ordinary submenu."_s}}));
-  EXPECT_FALSE(WriteAuthorXmlSingle(bench.project, AuthorMode::Run).contains("entry="));
+  EXPECT_FALSE(WriteAuthorXmlSingle(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings)).contains("entry="));
 }
 
 }  // namespace
