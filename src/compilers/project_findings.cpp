@@ -1,6 +1,7 @@
 #include "compilers/project_findings.h"
 
 #include "compilers/button_check.h"
+#include "compilers/command_check.h"
 #include "compilers/film_check.h"
 #include "compilers/source_check.h"
 #include "compilers/temporary_names.h"
@@ -51,19 +52,26 @@ QList<Finding> IdleFileFindings(const Project& project) {
   return findings;
 }
 
+QList<Finding> AsWarnings(QList<Finding> findings) {
+  for (Finding& finding : findings) finding.severity = Severity::Warning;
+  return findings;
+}
+
 }  // namespace
 
 QList<Finding> ProjectFindings(const Project& project, PlanUse use) {
   const QList<Finding> necessary = UnsupportedFindings(project) + StructureFindings(project);
   const QList<Finding> refused = TryWriters(project).Refused;
+  QList<Finding> commands = refused.isEmpty() && necessary.isEmpty() ? CommandFindings(project) : QList<Finding>();
   QList<Finding> forTools = LimitFindings(project, use);
-  if (use == PlanUse::SyntaxCheck) return necessary + forTools + refused;
+  if (use == PlanUse::SyntaxCheck) return necessary + forTools + refused + AsWarnings(commands);
 
   forTools += SourceFindings(project) + FilmFindings(project) + TemporaryNameFindings(project);
   if (use == PlanUse::WriteOnly) {
-    for (Finding& finding : forTools) finding.severity = Severity::Warning;
+    forTools = AsWarnings(forTools);
+    commands = AsWarnings(commands);
   }
-  return necessary + forTools + IdleFileFindings(project) + refused + ButtonFindings(project);
+  return necessary + forTools + IdleFileFindings(project) + refused + ButtonFindings(project) + commands;
 }
 
 bool TellFindings(const QList<Finding>& findings, Prompter& prompter) {

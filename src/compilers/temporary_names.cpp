@@ -85,8 +85,4 @@ QList<Finding> TemporaryNameFindings(const Project& project) {
   return findings;
 }
 
-bool CheckTemporaryNames(const Project& project, Prompter& prompter) {
-  return RefusesNothing(TemporaryNameFindings(project), prompter);
-}
-
 }  // namespace torvane

@@ -4,13 +4,11 @@
 
 #include "core/finding.h"
 #include "core/project.h"
-#include "core/prompter.h"
 
 namespace torvane {
 
-/// No film's temporary files have the name of another film's or of a file that the program makes, none of the temporary
+/// What breaks the rule that no film's temporary files have the name of another film's or of a file that the program makes, none of the temporary
 /// files is a source of the project, and no source lies in the folders that the video batch empties.
-bool CheckTemporaryNames(const Project& project, Prompter& prompter);
-QList<Finding> TemporaryNameFindings(const Project& project);  ///< the same as findings
+QList<Finding> TemporaryNameFindings(const Project& project);
 
 }  // namespace torvane

@@ -34,11 +34,7 @@ WrittenValues TryWriters(const Project& project) {
   }
   AuthorBatch(values);
   if (settings.CreateISO) IsoBatch(IsoFile(settings), BatchUse::Run, values);
-  return {.Refused = values.Refused(), .TempFiles = values.TempFiles()};
-}
-
-bool CheckWrittenValues(const Project& project, Prompter& prompter) {
-  return RefusesNothing(TryWriters(project).Refused, prompter);
+  return {.Refused = values.Refused(), .TempFiles = values.TempFiles(), .Commands = values.AllCommands()};
 }
 
 }  // namespace torvane

@@ -5,7 +5,6 @@
 #include "core/finding.h"
 #include "core/line_values.h"
 #include "core/project.h"
-#include "core/prompter.h"
 
 namespace torvane {
 
@@ -13,13 +12,11 @@ namespace torvane {
 struct WrittenValues {
   QList<Finding> Refused;     ///< values that would break out of their place in a batch or control file
   QList<TempFile> TempFiles;  ///< what the batches and control files name in `TempDir`; some more than once
+  QList<NodeCommands> Commands;  ///< of all menus and films
 };
 
 /// Lets every writer of batches and control files write, and keeps nothing of the text. Nothing else knows which values go
 /// where.
 WrittenValues TryWriters(const Project& project);
-
-/// Tells all values that the writers refuse, in one box; true when there are none.
-bool CheckWrittenValues(const Project& project, Prompter& prompter);
 
 }  // namespace torvane

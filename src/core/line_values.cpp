@@ -90,6 +90,7 @@ QString LineValues::Attribute(const QString& value, const QString& key) {
 }
 
 QString LineValues::Commands(const QString& commands, const QString& key) {
+  commands_ << NodeCommands{key, commands};
   const qsizetype tag = TagInCommand(commands);
   if (tag >= 0) {
     Refuse(key, u"The commands of node %1 would end their place in the control file at \"%2\". Please put a blank behind "

@@ -16,6 +16,13 @@ struct TempFile {
   bool operator==(const TempFile&) const = default;
 };
 
+/// Commands of the player's language as a control file gets them, and where they come from.
+struct NodeCommands {
+  QString key;  ///< of the node
+  QString text;
+  bool operator==(const NodeCommands&) const = default;
+};
+
 /// The gate between a project and generated text: each value that goes into a line of a batch or a control file passes the
 /// function of its kind, which refuses what would break out of its place. A value comes back as it is; what was refused
 /// is collected, and a text with refused values must be neither written nor run.
@@ -58,6 +65,9 @@ class LineValues {
   /// The files of `TempDir` that passed, in their order, some more than once.
   const QList<TempFile>& TempFiles() const { return tempFiles_; }
 
+  /// All commands that came by, in their order.
+  const QList<NodeCommands>& AllCommands() const { return commands_; }
+
   const Settings& InForce() const { return settings_; }
 
  private:
@@ -66,6 +76,7 @@ class LineValues {
   const Settings& settings_;
   QList<Finding> refused_;
   QList<TempFile> tempFiles_;
+  QList<NodeCommands> commands_;
 };
 
 }  // namespace torvane

@@ -149,7 +149,7 @@ bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& p
   if (film.Animated != 0 && !CheckAnimLimit(MenuView(project.Tree, place.menu), context.prompter)) return false;
 
   Edit edit(project, u"Add film"_s);
-  if (settings.NoTitleSets && project.FilmCount == 0) TakeVideoFormat(project, film);
+  const bool setsFormat = settings.NoTitleSets && project.FilmCount == 0;
   const bool added = AddFilmWithMenus(
       context, film.Name, place, [&](int button) { AddFilmSubtree(project, film, place.menu, button); },
       [&](int button) {
@@ -157,6 +157,7 @@ bool AddFilm(EditContext& context, const FilmRecord& film, const ElementPlace& p
         return FilmButtonAction(project.FilmCount, onDisc, settings);
       });
   if (!added) return false;
+  if (setsFormat) TakeVideoFormat(project, film);
   if (film.Animated != 0) AddFilmAnimation(project, project.FilmCount);
   edit.Commit();
   return true;

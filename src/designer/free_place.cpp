@@ -39,13 +39,13 @@ class PlaceFinder::Trial {
   Trial(const Project& project, const QString& menu, const NewButton& button, const TextMeasure& measure)
       : scratch_(project.Settings), menu_(menu) {
     ProjectTree& tree = scratch_.Tree;
-    tree.Add({.Key = menu, .Caption = {}});
+    tree.Add({menu, {}});
     for (const Attribute group : {menu_node::Buttons, menu_node::Labels}) {
-      tree.Add({.Key = MenuNodeKey(menu, group), .Caption = {}}, menu, Relation::Child);
+      tree.Add({MenuNodeKey(menu, group), {}}, menu, Relation::Child);
     }
     for (const Attribute form : {menu_node::HighLightFill, menu_node::HighLightFrame}) {
       const ProjectNode* node = project.Tree.Find(MenuNodeKey(menu, form));
-      if (node) tree.Add({.Key = node->Key(), .Caption = node->Caption()}, menu, Relation::Child);
+      if (node) tree.Add({node->Key(), node->Caption()}, menu, Relation::Child);
     }
     number_ = AddButtonNodes(scratch_, menu, button, measure);
     const std::vector<LabelView> labels = MenuView(tree, menu).Labels();

@@ -69,6 +69,10 @@ Result<ComposedMenu> ComposeMenu(const MenuView& menu, const Settings& settings,
 
   PictureLoader pictures(menu);
   MenuPlanes planes{.Visible = BlackPlane(settings), .Highlight = BlackPlane(settings)};
+  if (mode == ComposeMode::Compile && menu.IsWide(settings)) {
+    planes.Lettering = BlackPlane(settings);
+    planes.LetterboxFrames = BlackPlane(settings);
+  }
   DrawBackground(planes.Visible, menu, pictures);
   DrawImages(planes.Visible, menu, pictures);
   DrawLabelShadows(planes.Visible, menu, settings);
@@ -88,7 +92,7 @@ Result<ComposedMenu> ComposeMenu(const MenuView& menu, const Settings& settings,
   composed.Errors = pictures.Errors();
   switch (mode) {
     case ComposeMode::Compile:
-      composed.Pictures = SubpicturesOf(planes.Highlight, style, settings);
+      composed.Pictures = SubpicturesOf(planes, style, settings);
       composed.Pictures.push_back({u"Backg.png"_s, planes.Visible});
       WriteSpuXml(composed, menu, settings, rectangles);
       break;

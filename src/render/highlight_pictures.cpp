@@ -1,5 +1,6 @@
 #include "render/highlight_pictures.h"
 
+#include <QPainter>
 #include <algorithm>
 
 #include "designer/menu_frame.h"
@@ -45,23 +46,27 @@ QImage Softened(QImage plane, const MenuBlur& blur) {
   return plane;
 }
 
-/// A softened plane as it lies in the letterbox. Mixing the lines of a frame would take its exact green.
-QImage InLetterbox(const QImage& soft, HighlightFrames frames, const Settings& settings) {
-  QImage plane = BlackPlane(settings);
-  if (frames == HighlightFrames::Drawn) {
-    DrawPictureHard(plane, LetterboxRectangle(settings), soft);
-  } else {
-    DrawPicture(plane, LetterboxRectangle(settings), soft);
-  }
-  return plane;
+/// Where two planes of the highlight lie over each other: the stronger level of each colour.
+QImage Merged(QImage plane, const QImage& over) {
+  QPainter painter(&plane);
+  painter.setCompositionMode(QPainter::CompositionMode_Lighten);
+  painter.drawImage(0, 0, over);
+  painter.end();
+  return plane.convertToFormat(QImage::Format_RGB32);
 }
 
-/// A coloured picture as it lies in the letterbox, transparent around it.
-QImage ColoredInLetterbox(const QImage& colored, const Settings& settings) {
-  QImage picture(colored.size(), QImage::Format_ARGB32);
-  picture.fill(Qt::transparent);
-  DrawPictureHard(picture, LetterboxRectangle(settings), colored);
-  return picture;
+/// The softened highlight of the letterbox.
+QImage SoftLetterbox(const MenuPlanes& planes, const MenuBlur& blur, const Settings& settings) {
+  QImage letters = BlackPlane(settings);
+  DrawPicture(letters, LetterboxRectangle(settings), Softened(planes.Lettering, blur));
+  return Merged(letters, Softened(planes.LetterboxFrames, blur));
+}
+
+/// The same in pure colours.
+QImage PureLetterbox(const MenuPlanes& planes, const Settings& settings) {
+  QImage letters = BlackPlane(settings);
+  DrawPictureHard(letters, LetterboxRectangle(settings), PureColors(planes.Lettering));
+  return PureColors(Merged(letters, planes.LetterboxFrames));
 }
 
 void AddIndexed(std::vector<MenuPicture>& pictures, QImage plane, const HighlightStyle& style,
@@ -74,23 +79,19 @@ void AddIndexed(std::vector<MenuPicture>& pictures, QImage plane, const Highligh
 
 }  // namespace
 
-std::vector<MenuPicture> SubpicturesOf(const QImage& highlight, const HighlightStyle& style, const Settings& settings) {
+std::vector<MenuPicture> SubpicturesOf(const MenuPlanes& planes, const HighlightStyle& style, const Settings& settings) {
   std::vector<MenuPicture> pictures;
   if (style.Blur.Use) {
-    const QImage soft = Softened(highlight, style.Blur);
-    AddIndexed(pictures, soft, style, u".png"_s);
-    if (style.Wide) AddIndexed(pictures, InLetterbox(soft, style.Frames, settings), style, u"L.png"_s);
+    AddIndexed(pictures, Softened(planes.Highlight, style.Blur), style, u".png"_s);
+    if (style.Wide) AddIndexed(pictures, SoftLetterbox(planes, style.Blur, settings), style, u"L.png"_s);
     return pictures;
   }
-  const QImage pure = PureColors(highlight);
-  pictures.push_back({u"High.png"_s, Colored(pure, style.Colors.HighColor1, style.Colors.HighColor2)});
-  pictures.push_back({u"Act.png"_s, Colored(pure, style.Colors.ActColor1, style.Colors.ActColor2)});
-  if (style.Wide) {
-    const QImage high = ColoredInLetterbox(pictures[0].Image, settings);
-    const QImage act = ColoredInLetterbox(pictures[1].Image, settings);
-    pictures.push_back({u"HighL.png"_s, high});
-    pictures.push_back({u"ActL.png"_s, act});
-  }
+  const auto addColored = [&](const QImage& pure, const QString& suffixEnd) {
+    pictures.push_back({u"High" + suffixEnd, Colored(pure, style.Colors.HighColor1, style.Colors.HighColor2)});
+    pictures.push_back({u"Act" + suffixEnd, Colored(pure, style.Colors.ActColor1, style.Colors.ActColor2)});
+  };
+  addColored(PureColors(planes.Highlight), u".png"_s);
+  if (style.Wide) addColored(PureLetterbox(planes, settings), u"L.png"_s);
   return pictures;
 }
 

@@ -36,9 +36,13 @@ class ButtonDrawing {
     const bool selectable = button_.IsWritten();
     if (selectable) {
       if (LitByMask()) {
-        DrawPicture(planes.Highlight, maskPlace_, LitMask());
+        const QImage lit = LitMask();
+        ForLettering(planes, [&](QImage& plane) { DrawPicture(plane, maskPlace_, lit); });
       } else {
-        DrawFrames(planes.Highlight);
+        DrawFrames(planes.Highlight, SameLine);
+        if (!planes.LetterboxFrames.isNull()) {
+          DrawFrames(planes.LetterboxFrames, [this](int y) { return LetterboxY(y, settings_); });
+        }
       }
     }
     if (highMode_ >= kMaskNotLit && highMode_ != kMaskOnlyLit) DrawPicture(planes.Visible, maskPlace_, mask_);
@@ -51,6 +55,13 @@ class ButtonDrawing {
 
  private:
   bool LitByMask() const { return highMode_ > kMaskNotLit; }
+
+  /// Calls draw(plane) for the planes that texts and masks light up on.
+  template <class Draw>
+  static void ForLettering(MenuPlanes& planes, Draw draw) {
+    draw(planes.Highlight);
+    if (!planes.Lettering.isNull()) draw(planes.Lettering);
+  }
 
   void LoadMask(PictureLoader& pictures) {
     const std::optional<MaskGeometry> mask = button_.Mask();
@@ -71,14 +82,14 @@ class ButtonDrawing {
     return lit;
   }
 
-  void DrawFrames(QImage& highlight) const {
+  void DrawFrames(QImage& plane, const LineMap& lines) const {
     if (HasFrame()) {
       const int width = FrameWidth(settings_);
-      rounded_ ? DrawRoundedFrame(highlight, text_, width, kPlaneGreen)
-               : DrawFrame(highlight, text_, width, kPlaneGreen);
+      rounded_ ? DrawRoundedFrame(plane, text_, width, kPlaneGreen, lines)
+               : DrawFrame(plane, text_, width, kPlaneGreen, lines);
     }
     // An invisible button: nothing shows, and its area lights up.
-    if (button_.Caption().isEmpty() && !button_.NormVis()) FillRectangle(highlight, text_, kPlaneRed);
+    if (button_.Caption().isEmpty() && !button_.NormVis()) FillRectangle(plane, text_, kPlaneRed, lines);
   }
 
   void DrawText(MenuPlanes& planes, bool selectable) const {
@@ -87,7 +98,9 @@ class ButtonDrawing {
     const QRgb color = MakeARGB(RGBStringToColor(button_.Drawing().ColorCaption()), kOpaque);
     for (const TextLine& line : painter.Lines(button_.Caption(), text_, geometry_.Align)) {
       const LineCoverage coverage = painter.Draw(line, planes.Visible.size());
-      if (selectable) PrintHighlight(planes.Highlight, line.position, coverage, outline.has_value());
+      if (selectable) {
+        ForLettering(planes, [&](QImage& plane) { PrintHighlight(plane, line.position, coverage, outline.has_value()); });
+      }
       if (!button_.NormVis()) continue;
       if (outline) {
         OutlinePrint(planes.Visible, line.position, coverage, MakeARGB(RGBStringToColor(*outline), kOpaque));

@@ -13,6 +13,10 @@ namespace torvane {
 struct MenuPlanes {
   QImage Visible;    ///< what the viewer sees while nothing is selected
   QImage Highlight;  ///< what lights up, on black: text, fills and masks in pure red, frames in pure green
+  /// For the letterbox, null where there is none. Frames and fills are drawn at their own size there, since a frame's line
+  /// would vanish when it is squeezed.
+  QImage Lettering = {};        ///< the highlight without frames and fills, in the menu's frame
+  QImage LetterboxFrames = {};  ///< frames and fills as they lie in the letterbox
 };
 
 /// Draws a menu's buttons on both planes and tells whether one of them has a frame. A button that does not exist on

@@ -10,19 +10,25 @@
 namespace torvane {
 namespace {
 
+/// A plane and where the lines of the frame lie on it.
+struct Canvas {
+  QImage& plane;
+  const LineMap& lines;
+};
+
 /// Both corners included, in any order.
-void Fill(QImage& plane, QPoint a, QPoint b, QRgb color) {
+void Fill(const Canvas& canvas, QPoint a, QPoint b, QRgb color) {
   const auto [left, right] = std::minmax({a.x(), b.x()});
-  const auto [top, bottom] = std::minmax({a.y(), b.y()});
-  const QRect area = QRect(QPoint(left, top), QPoint(right, bottom)) & plane.rect();
+  const auto [top, bottom] = std::minmax({canvas.lines(a.y()), canvas.lines(b.y())});
+  const QRect area = QRect(QPoint(left, top), QPoint(right, bottom)) & canvas.plane.rect();
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(plane.scanLine(y));
+    auto* line = reinterpret_cast<QRgb*>(canvas.plane.scanLine(y));
     std::fill(line + area.left(), line + area.right() + 1, color);
   }
 }
 
-void SetPixel(QImage& plane, int x, int y, QRgb color) {
-  Fill(plane, {x, y}, {x, y}, color);
+void SetPixel(const Canvas& canvas, int x, int y, QRgb color) {
+  Fill(canvas, {x, y}, {x, y}, color);
 }
 
 struct Corners {
@@ -36,15 +42,15 @@ struct Corners {
 };
 
 /// The four sides, each `outward` pixels farther out but no longer for it.
-void DrawSides(QImage& plane, const Corners& at, int outward, int longer, QRgb color) {
+void DrawSides(const Canvas& canvas, const Corners& at, int outward, int longer, QRgb color) {
   const int top = at.top - outward;
   const int bottom = at.bottom + outward;
   const int left = at.left - outward;
   const int right = at.right + outward;
-  Fill(plane, {at.left - longer, top}, {at.right + longer, top}, color);
-  Fill(plane, {at.left - longer, bottom}, {at.right + longer, bottom}, color);
-  Fill(plane, {left, at.top - longer}, {left, at.bottom + longer}, color);
-  Fill(plane, {right, at.top - longer}, {right, at.bottom + longer}, color);
+  Fill(canvas, {at.left - longer, top}, {at.right + longer, top}, color);
+  Fill(canvas, {at.left - longer, bottom}, {at.right + longer, bottom}, color);
+  Fill(canvas, {left, at.top - longer}, {left, at.bottom + longer}, color);
+  Fill(canvas, {right, at.top - longer}, {right, at.bottom + longer}, color);
 }
 
 /// Calls draw(x, y, dx, dy) for each corner; dx and dy point outward.
@@ -57,24 +63,24 @@ void AtCorners(const Corners& at, Draw draw) {
 }
 
 /// Takes the corners off a frame of 2 or 3 pixels.
-void BlackenCorners(QImage& plane, const Corners& at, int width) {
+void BlackenCorners(const Canvas& canvas, const Corners& at, int width) {
   const int out = width - 1;
   AtCorners(at, [&](int x, int y, int dx, int dy) {
-    SetPixel(plane, x + dx * out, y + dy * out, kPlaneBlack);
+    SetPixel(canvas, x + dx * out, y + dy * out, kPlaneBlack);
     if (width < 3) return;
-    SetPixel(plane, x + dx * (out - 1), y + dy * out, kPlaneBlack);
-    SetPixel(plane, x + dx * out, y + dy * (out - 1), kPlaneBlack);
-    SetPixel(plane, x + dx * (out - 1), y + dy * (out - 1), kPlaneBlack);
+    SetPixel(canvas, x + dx * (out - 1), y + dy * out, kPlaneBlack);
+    SetPixel(canvas, x + dx * out, y + dy * (out - 1), kPlaneBlack);
+    SetPixel(canvas, x + dx * (out - 1), y + dy * (out - 1), kPlaneBlack);
   });
 }
 
 /// Quarter arcs of all radii below `width`: each pixel belongs to the radius that its distance rounds to, so that no
 /// hole is left between two arcs.
-void DrawArcs(QImage& plane, const Corners& at, int width, QRgb color) {
+void DrawArcs(const Canvas& canvas, const Corners& at, int width, QRgb color) {
   for (int b = 0; b < width; ++b) {
     int a = width - 1;
     while (std::lround(std::hypot(a, b)) >= width) --a;
-    AtCorners(at, [&](int x, int y, int dx, int dy) { Fill(plane, {x, y + dy * b}, {x + dx * a, y + dy * b}, color); });
+    AtCorners(at, [&](int x, int y, int dx, int dy) { Fill(canvas, {x, y + dy * b}, {x + dx * a, y + dy * b}, color); });
   }
 }
 
@@ -112,25 +118,28 @@ void DrawPictureHard(QImage& plane, const QRect& target, const QImage& picture) 
   }
 }
 
-void FillRectangle(QImage& plane, const QRect& rectangle, QRgb color) {
+int SameLine(int y) { return y; }
+
+void FillRectangle(QImage& plane, const QRect& rectangle, QRgb color, const LineMap& lines) {
   const Corners at(rectangle);
-  Fill(plane, {at.left, at.top}, {at.right, at.bottom}, color);
+  Fill({plane, lines}, {at.left, at.top}, {at.right, at.bottom}, color);
 }
 
-void DrawFrame(QImage& plane, const QRect& rectangle, int width, QRgb color) {
+void DrawFrame(QImage& plane, const QRect& rectangle, int width, QRgb color, const LineMap& lines) {
   const Corners at(rectangle);
-  for (int i = 0; i < width; ++i) DrawSides(plane, at, i, i, color);
+  for (int i = 0; i < width; ++i) DrawSides({plane, lines}, at, i, i, color);
 }
 
-void DrawRoundedFrame(QImage& plane, const QRect& rectangle, int width, QRgb color) {
+void DrawRoundedFrame(QImage& plane, const QRect& rectangle, int width, QRgb color, const LineMap& lines) {
+  const Canvas canvas{plane, lines};
   const Corners at(rectangle);
   if (width < 4) {
-    DrawFrame(plane, rectangle, width, color);
-    if (width > 1) BlackenCorners(plane, at, width);
+    DrawFrame(plane, rectangle, width, color, lines);
+    if (width > 1) BlackenCorners(canvas, at, width);
     return;
   }
-  for (int i = 0; i < width; ++i) DrawSides(plane, at, i, 0, color);
-  DrawArcs(plane, at, width, color);
+  for (int i = 0; i < width; ++i) DrawSides(canvas, at, i, 0, color);
+  DrawArcs(canvas, at, width, color);
 }
 
 }  // namespace torvane

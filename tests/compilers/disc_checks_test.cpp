@@ -1,4 +1,5 @@
 #include "compilers/disc_checks.h"
+#include "compilers/project_findings.h"
 #include "compilers/temporary_names.h"
 #include "compilers/written_values.h"
 
@@ -143,7 +144,7 @@ TEST_F(DiscChecksTest, ARunThatWouldDestroySourcesIsRefused) {
     project_.Tree.SetCaption(u"FPV1"_s, u"Video="_s + source);
     Touch(source);
     test::RecordingPrompter prompter;
-    const bool safe = CheckSourcesSafe(project_, prompter) && CheckTemporaryNames(project_, prompter);
+    const bool safe = CheckSourcesSafe(project_, prompter) && TellFindings(TemporaryNameFindings(project_), prompter);
     return safe ? QString() : prompter.boxes.at(0).text;
   };
   EXPECT_EQ(refused(u"C:\\v\\a.m2v"_s), QString());
@@ -159,7 +160,7 @@ TEST_F(DiscChecksTest, ARunThatWouldDestroySourcesIsRefused) {
 TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {
   project_.Tree.SetCaption(u"FP2"_s, u"Name=FILM1"_s);
   test::RecordingPrompter prompter;
-  EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
+  EXPECT_FALSE(TellFindings(TemporaryNameFindings(project_), prompter));
   ASSERT_EQ(prompter.boxes.size(), 1U);
   EXPECT_TRUE(prompter.boxes[0].text.contains(u"Films 1 and 2"));
 }
@@ -172,7 +173,7 @@ TEST_F(DiscChecksTest, SourcesThatTheVideoBatchWouldLoseAreRefused) {
       project_, {.Name = u"Songs"_s, .Titles = {{song, {}, {}, {}, image, 0}, {u"C:\\v\\2.ac3"_s, {}, {}, {}, {}, 0}}},
       u"MM"_s, 3);
   test::RecordingPrompter prompter;
-  EXPECT_FALSE(CheckTemporaryNames(project_, prompter));
+  EXPECT_FALSE(TellFindings(TemporaryNameFindings(project_), prompter));
   ASSERT_EQ(prompter.boxes.size(), 1U);
   const QStringList lines = prompter.boxes[0].text.split(u"\r\n"_s);
   ASSERT_EQ(lines.size(), 2);
@@ -192,7 +193,7 @@ TEST_F(DiscChecksTest, AFilmNamedLikeAFileOfTheProgramIsRefused) {
   for (const auto& [name, taken] : names) {
     project_.Tree.SetCaption(u"FP2"_s, u"Name=" + name);
     test::RecordingPrompter prompter;
-    EXPECT_EQ(CheckWrittenValues(project_, prompter) && CheckTemporaryNames(project_, prompter), taken)
+    EXPECT_EQ(TellFindings(TryWriters(project_).Refused, prompter) && TellFindings(TemporaryNameFindings(project_), prompter), taken)
         << name.toStdString();
     EXPECT_EQ(prompter.boxes.size(), taken ? 0U : 1U);
     for (const Box& box : prompter.boxes) EXPECT_TRUE(box.text.contains(name)) << box.text.toStdString();

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "designer/menu_frame.h"
 #include "menu_fixture.h"
 #include "render/menu_labels.h"
 #include "render/text_painter.h"
@@ -264,6 +265,28 @@ TEST_F(Compositor, PutsTheHighlightsOfAWideMenuIntoTheLetterbox) {
         if (slack == 0) {
           EXPECT_EQ(CountOf(PictureOf(menu, suffix), kFill), lit.width() * lit.height());
         }
+      }
+    }
+  }
+}
+
+TEST_F(Compositor, KeepsEveryLineOfAFrameInTheLetterbox) {
+  project_.Settings.DefMenuRatio = true;
+  project_.Settings.DefFrameWidth = 1;
+  SetCaptions(project_, {{u"MMHT1"_s, u"Fill=0"_s}, {u"MMHT2"_s, u"Frame=1"_s}});
+  AddButton(project_, u"MM"_s, 1, u"a"_s, {100, 100, 50, 40});
+  for (const bool pal : {true, false}) {
+    project_.Settings.VideoNormPal = pal;
+    for (const QString& form : {u"Blur=0 Rounded=0"_s, u"Blur=1 Rounded=0"_s, u"Blur=0 Rounded=1"_s}) {
+      SetCaptions(project_, {{u"MMBGBlur"_s, form.section(u' ', 0, 0)}, {u"MMHT3"_s, form.section(u' ', 1, 1)}});
+      // Four heights stand for all: three lines of the letterbox show four of the frame.
+      for (int top = 100; top < 104; ++top) {
+        project_.Tree.SetCaption(u"MMBP1Top"_s, u"Top=%1"_s.arg(top));
+        const QImage high = PictureOf(Compose(), u"HighL.png");
+        const QRect lit(QPoint(99, LetterboxY(top, project_.Settings)),
+                        QPoint(150, LetterboxY(top + 40, project_.Settings)));
+        EXPECT_EQ(AreaOf(high, kFrame), lit) << top << form.toStdString();
+        EXPECT_EQ(CountOf(high, kFrame), 2 * lit.width() + 2 * lit.height() - 4);
       }
     }
   }
