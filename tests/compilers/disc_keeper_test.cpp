@@ -45,7 +45,7 @@ class DiscKeeperTest : public testing::Test {
 
   void WriteDisc(const QByteArray& film = QByteArray(3 * kSector, 'f')) const {
     for (const QString& end : {u"IFO"_s, u"BUP"_s}) {
-      drive_.Write(disc_ + u"VIDEO_TS."_s + end, Ifo("DVDVIDEO-VMG", 2, 1));
+      drive_.Write(disc_ + u"VIDEO_TS."_s + end, Ifo("DVDVIDEO-VMG", 32, 1));
       drive_.Write(disc_ + u"VTS_01_0."_s + end, Ifo("DVDVIDEO-VTS", 5));
     }
     drive_.Write(disc_ + u"VTS_01_1.VOB"_s, film);
@@ -183,7 +183,7 @@ TEST_F(DiscKeeperTest, ADiscIsLookedAtFileByFile) {
   const std::pair<QString, QByteArray> damages[] = {
       {u"VIDEO_TS.IFO"_s, QByteArray(kSector, 'x')},
       {u"VIDEO_TS.BUP"_s, "short"},
-      {u"VIDEO_TS.VOB"_s, "more"},
+      {u"VIDEO_TS.VOB"_s, QByteArray(40 * kSector, 'm')},
       {u"VTS_01_0.IFO"_s, {}},
       {u"VTS_01_0.BUP"_s, {}},
       {u"VTS_01_1.VOB"_s, {}},

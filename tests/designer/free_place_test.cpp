@@ -91,7 +91,7 @@ TEST(FreePlace, AFullMenuRefusesAndStaysAsItWas) {
   const QString full = u"Menu MainMenu (MM) has no free place for the new element. Please give it one, or move or delete "
                        u"others first."_s;
   EXPECT_FALSE(AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {}));
-  EXPECT_FALSE(AddLabel(bench.context, u"x"_s, {}));
+  EXPECT_FALSE(AddLabel(bench.context, u"a label"_s, {}));
   EXPECT_FALSE(AddImage(bench.context, u"C:\\i.png"_s, {}));
   EXPECT_FALSE(AddFilm(bench.context, test::Film(), {}));
   EXPECT_EQ(bench.Told(), QStringList(4, full));

@@ -31,12 +31,18 @@ case $name in
   dvdauthor)
     tr '<' '\n' < "$last" | grep -E '(file|palette)="([^"]*\|"|[^/"])' >> "@ROOT@/alarm"
     dest=$(sed -n 's/.*<dvdauthor dest="\([^"]*\)".*/\1/p' "$last" | tail -n 1)
-    mkdir -p "$dest/VIDEO_TS" && for file in VIDEO_TS.IFO VIDEO_TS.BUP VTS_01_0.IFO VTS_01_0.BUP VTS_01_1.VOB; do
-      echo x > "$dest/VIDEO_TS/$file"; done ;;
+    [ -n "$dest" ] && mkdir -p "$dest/VIDEO_TS" && cd "$dest/VIDEO_TS" && perl -e '
+      sub put { my ($name, $bytes) = @_; open(my $file, ">", $name) or die; print $file $bytes; }
+      for my $end ("IFO", "BUP") {
+        put("VIDEO_TS.$end", pack("a12 N x46 n x1984", "DVDVIDEO-VMG", 31, 1));
+        put("VTS_01_0.$end", pack("a12 N x2032", "DVDVIDEO-VTS", 2));
+      }
+      put("VTS_01_1.VOB", "f" x 2048)' ;;
+  genisoimage) perl -e 'print "\0" x 32768, pack("C a5 x74 V x44 v x1918", 1, "CD001", 20, 2048), "\0" x 6144' > "$out" ;;
   spumux) cat; echo "INFO: 1 subtitles added, 0 subtitles skipped" >&2 ;;
   png2yuv|jpeg2yuv) echo x ;;
-  mpeg2enc) cat > "$out" ;;
-  *) [ -n "$out" ] && echo x > "$(printf %s "$out" | sed 's/%%/%/g')" ;;
+  mpeg2enc) { cat; printf '\000\000\001\267'; } > "$out" ;;
+  *) [ -n "$out" ] && printf 'x\000\000\001\271' > "$(printf %s "$out" | sed 's/%%/%/g')" ;;
 esac
 exit 0
 )sh";

@@ -53,7 +53,7 @@ TEST(MakeDiscTest, TakesAProjectAndTellsWhatIsWrongWithIt) {
   workshop.ReplaceMedia(u"film1.m2v"_s, "no film\n");
   const CliResult failed = MakeDisc({u"--out=made"_s, u"sample.tvn"_s}, workshop.Dir());
   EXPECT_EQ(failed.exitCode, 1);
-  EXPECT_THAT(failed.Words(), HasSubstr("film1.m2v unrecogniseable!"));
+  EXPECT_THAT(failed.Words(), HasSubstr("film1.m2v is a text; the film of a disc is MPEG-2 video"));
   EXPECT_THAT(failed.Words(), HasSubstr("make-disc: the disc was not made\n"));
 
   EXPECT_EQ(MakeDisc({u"missing.tvn"_s}, workshop.Dir()).exitCode, 1);

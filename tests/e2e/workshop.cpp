@@ -135,6 +135,11 @@ CliResult Workshop::RunPlain(const QString& command, const QStringList& argument
   return RunProgram(programs + u"/torvane-cli"_s, Arguments(QStringList{command} + arguments));
 }
 
+std::unique_ptr<QProcess> Workshop::Start(const QString& command) {
+  WriteProject();
+  return StartPlain(command, {ProjectFile()});
+}
+
 std::unique_ptr<QProcess> Workshop::StartPlain(const QString& command, const QStringList& arguments) {
   auto process = std::make_unique<QProcess>();
   process->setStandardInputFile(QProcess::nullDevice());

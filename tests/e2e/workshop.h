@@ -93,6 +93,7 @@ class Workshop {
   CliResult RunPlain(const QString& command, const QStringList& arguments);
 
   /// The same without waiting for the end.
+  std::unique_ptr<QProcess> Start(const QString& command);
   std::unique_ptr<QProcess> StartPlain(const QString& command, const QStringList& arguments);
 
   /// True as long as the project file holds what the workshop wrote.
