@@ -213,27 +213,23 @@ std::optional<FormerFate> CheckFreeSpace(const Project& project, Prompter& promp
   return fate;
 }
 
-bool CheckSourcesSafe(const Project& project, Prompter& prompter) {
+QList<Finding> SourceSafetyFindings(const Project& project) {
   const Settings& settings = project.Settings;
   const QStringList files = ProjectFiles(project);
-  QStringList findings;
-  const QStringList inTemp = settings.AutoDelete ? CheckSourcesOutsideTemp(files, settings.TempDir) : QStringList();
-  if (!inTemp.isEmpty()) {
-    findings << u"These files of the project lie in the temporary directory "_s + settings.TempDir +
-                    u", which is emptied after authoring. Please move them elsewhere or choose another temporary "
-                    u"directory:";
-    findings += inTemp;
+  const auto error = [](const QString& file, const QString& text) {
+    return Finding{.text = text.arg(HostFiles::ToHost(file))};
+  };
+  QList<Finding> findings;
+  for (const QString& file : settings.AutoDelete ? CheckSourcesOutsideTemp(files, settings.TempDir) : QStringList()) {
+    findings << error(file, u"The file %1 of the project lies in the temporary directory, which is emptied after authoring. "
+                            u"Please move it elsewhere or choose another temporary directory."_s);
   }
-  QStringList inDisc;
   for (const QString& file : files) {
-    if (LiesWithin(file, VideoTsDir(settings)) && HostFiles::FileExists(file)) inDisc << file;
+    if (!LiesWithin(file, VideoTsDir(settings)) || !HostFiles::FileExists(file)) continue;
+    findings << error(file, u"The file %1 of the project lies in the folder of the disc that is to be replaced. Please move "
+                            u"it elsewhere or choose another output directory."_s);
   }
-  if (!inDisc.isEmpty()) {
-    findings << u"These files of the project lie in the folder of the disc that is to be replaced. Please move them "
-                u"elsewhere or choose another output directory:"_s;
-    findings += inDisc;
-  }
-  return RefusesNothing(findings, prompter);
+  return findings;
 }
 
 }  // namespace torvane

@@ -45,7 +45,7 @@ class FilmCheck {
     // With titlesets each film has one of its own.
     const bool mixesNorms = project_.Settings.NoTitleSets && FindMixedNorms();
     if (!mixesNorms) FindOtherNorm();
-    if (project_.Settings.NoTitleSets) {
+    if (project_.Settings.NoTitleSets && !mixesNorms) {
       FindMixed(film_node::ResV, u"Films %1 and %2 have different numbers of lines, %3 and %4, but share a titleset: many "
                                  u"players show one of them distorted. Please switch titlesets on or convert one."_s);
       FindMixed(film_node::Aspect, u"Films %1 and %2 have different aspects, %3 and %4, but share a titleset: one of them "

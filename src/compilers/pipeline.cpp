@@ -40,7 +40,7 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
   const Settings& settings = project_.Settings;
   const bool ready = TellFindings(ProjectFindings(project_, PlanUse::Run), prompter_) &&
                      (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     CheckSourcesSafe(project_, prompter_) && AgreesToReplaceFormer();
+                     AgreesToReplaceFormer();
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 

@@ -2,6 +2,7 @@
 
 #include "compilers/button_check.h"
 #include "compilers/command_check.h"
+#include "compilers/disc_checks.h"
 #include "compilers/film_check.h"
 #include "compilers/source_check.h"
 #include "compilers/temporary_names.h"
@@ -70,6 +71,8 @@ QList<Finding> ProjectFindings(const Project& project, PlanUse use) {
   if (use == PlanUse::WriteOnly) {
     forTools = AsWarnings(forTools);
     commands = AsWarnings(commands);
+  } else {
+    forTools += SourceSafetyFindings(project);  // batches that are only written delete nothing
   }
   return necessary + forTools + IdleFileFindings(project) + refused + ButtonFindings(project) + commands;
 }

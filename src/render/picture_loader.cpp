@@ -9,10 +9,22 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {
 
+namespace {
+
+/// True for a PNG or JPEG file whose end is missing. The readers draw the rest of such a picture grey, or complain on the
+/// terminal by themselves.
+bool IsCutOff(const QByteArray& content) {
+  if (content.startsWith("\x89PNG")) return !content.contains("IEND");
+  return content.startsWith("\xFF\xD8") && !content.contains("\xFF\xD9");
+}
+
+}  // namespace
+
 Result<QImage> ReadPicture(const QString& path) {
   if (path.isEmpty() || !HostFiles::FileExists(path)) return Failure{u"File Not Found"_s};
   const Result<QByteArray> content = HostFiles::Read(path);
   if (!content) return Failure{content.Error()};
+  if (IsCutOff(*content)) return Failure{u"Unknown Image Format"_s};
   QBuffer buffer;
   buffer.setData(*content);
   buffer.open(QIODevice::ReadOnly);

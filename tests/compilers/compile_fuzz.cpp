@@ -29,7 +29,7 @@ class CompileMutations : public ProjectMutations {
       return QStringLiteral("no sound file");
     }
     RecordingPrompter prompter;
-    for (const auto check : {CheckIntro, CheckLoopingMenus, CheckSourcesSafe}) {
+    for (const auto check : {CheckIntro, CheckLoopingMenus}) {
       check(project, prompter);
     }
     CreateDvdPipeline pipeline(project, prompter);

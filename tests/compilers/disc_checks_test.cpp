@@ -144,17 +144,17 @@ TEST_F(DiscChecksTest, ARunThatWouldDestroySourcesIsRefused) {
     project_.Tree.SetCaption(u"FPV1"_s, u"Video="_s + source);
     Touch(source);
     test::RecordingPrompter prompter;
-    const bool safe = CheckSourcesSafe(project_, prompter) && TellFindings(TemporaryNameFindings(project_), prompter);
+    const bool safe = TellFindings(SourceSafetyFindings(project_) + TemporaryNameFindings(project_), prompter);
     return safe ? QString() : prompter.boxes.at(0).text;
   };
   EXPECT_EQ(refused(u"C:\\v\\a.m2v"_s), QString());
-  EXPECT_TRUE(refused(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"_s).contains(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"));
+  EXPECT_TRUE(refused(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"_s).contains(u"a.vob of the project lies in the folder of the disc"));
   ASSERT_TRUE(QFile::link(drive_.Host(u"O/DVD"_s), drive_.Host(u"v/disc"_s)));
-  EXPECT_TRUE(refused(u"C:\\v\\disc\\video_ts\\a.vob"_s).contains(u"C:\\v\\disc\\video_ts\\a.vob"));
+  EXPECT_TRUE(refused(u"C:\\v\\disc\\video_ts\\a.vob"_s).contains(u"a.vob of the project lies in the folder of the disc"));
   EXPECT_EQ(refused(u"C:\\T\\a.m2v"_s), QString());
   EXPECT_TRUE(refused(u"C:\\T\\film2.mpg"_s).contains(u"C:\\T\\Film2.mpg"));
   project_.Settings.AutoDelete = true;
-  EXPECT_TRUE(refused(u"C:\\T\\a.m2v"_s).contains(u"C:\\T\\a.m2v"));
+  EXPECT_TRUE(refused(u"C:\\T\\a.m2v"_s).contains(u"T/a.m2v of the project lies in the temporary directory"));
 }
 
 TEST_F(DiscChecksTest, TwoFilmsOfOneNameAreRefused) {

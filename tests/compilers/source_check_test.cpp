@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QImage>
 
 #include "core/audio_title_set.h"
@@ -26,7 +27,10 @@ class SourceCheckTest : public testing::Test {
     drive_.Write(u"s.ac3"_s, test::SoundHead());
     drive_.Write(u"s.srt"_s);
     drive_.Write(u"empty"_s, {});
-    drive_.Write(u"broken.png"_s, QByteArray("\x89PNG\r\n\x1A\nIHDR", 12));
+    QByteArray jpeg;
+    QBuffer buffer(&jpeg);
+    EXPECT_TRUE(picture.scaled(300, 300).save(&buffer, "JPG"));
+    drive_.Write(u"broken.png"_s, jpeg.chopped(20));  // its reader would take it, and draw the rest grey
   }
 
   const test::DriveC drive_{{u"folder"_s}};
