@@ -1,7 +1,10 @@
 #include <csignal>
 
+#include "media/video_analysis.h"
+#include "platform/host_files.h"
 #include "real_media.h"
 #include "shell/mpeg_video.h"
+#include "support/recording_prompter.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -67,9 +70,9 @@ TEST_F(RequantTest, MeetsTheSizeAndKeepsWhatDvdAsksFor) {
     EXPECT_EQ(video->height, c.pal ? 576 : 480);
     EXPECT_EQ(video->aspect, c.aspect);
     EXPECT_EQ(video->rateCode, c.pal ? 3 : 4);
-    EXPECT_EQ(video->topFieldFirst, c.topFirst);
+    EXPECT_EQ(video->pictures.first().topFirst, c.topFirst);
     EXPECT_FALSE(video->progressive);
-    EXPECT_EQ(video->fields, ReadMpegVideo(Host(u"a.m2v"_s))->fields);
+    EXPECT_EQ(video->Fields(), ReadMpegVideo(Host(u"a.m2v"_s))->Fields());
     EXPECT_LE(video->bitRate, 9800000);
     const Groups groups = GroupsOf(after);
     EXPECT_EQ(groups.open, 0);
@@ -81,6 +84,42 @@ TEST_F(RequantTest, MeetsTheSizeAndKeepsWhatDvdAsksFor) {
   }
   RunBatch(Line(1));
   EXPECT_EQ(Read(u"Film 1_req.mpv"_s), Read(u"a.m2v"_s));
+}
+
+TEST_F(RequantTest, KeepsThePulldownOfAFilm) {
+  ShellCommand(Host({}),
+               u"ffmpeg -v error -f lavfi -i testsrc2=s=720x480:r=24000/1001:d=3,noise=alls=10:allf=t "
+               "-f yuv4mpegpipe - | mpeg2enc -v 0 -f 8 -F 1 -p -a 3 -b 5000 -o a.m2v"_s);
+  const Result<MpegVideo> film = ReadMpegVideo(Host(u"a.m2v"_s));
+  ASSERT_TRUE(film && std::ranges::any_of(film->pictures, &PictureFlags::repeats));
+  const std::string printed = RunBatch(Line(1.5));
+  EXPECT_FALSE(Contains(printed, "ERR")) << printed;
+  const Result<MpegVideo> video = ReadMpegVideo(Host(u"Film 1_req.mpv"_s));
+  ASSERT_TRUE(video) << video.Error().toStdString();
+  EXPECT_EQ(video->pictures, film->pictures);
+  EXPECT_FALSE(video->progressive);
+  EXPECT_EQ(std::pair(video->rateCode, video->aspect), std::pair(4, 3));
+  const QByteArray after = Read(u"Film 1_req.mpv"_s);
+  EXPECT_NEAR(double(Read(u"a.m2v"_s).size()) / double(after.size()), 1.5, 0.075);
+  const Groups groups = GroupsOf(after);
+  EXPECT_EQ(groups.open, 0);
+  EXPECT_LE(*std::ranges::max_element(groups.pictures), 12);  // of three fields each
+  MpegInfo info;
+  RecordingPrompter prompter;
+  EXPECT_TRUE(AnalyseVideoFile(HostFiles::ToDos(Host(u"Film 1_req.mpv"_s)), info, prompter));
+  EXPECT_NEAR(info.DurationSec, film->Seconds(), 0.3);  // by the time codes
+  const std::string muxed = RunBatch("mplex -M -f 8 -o \"C:\\T\\F.mpg\" \"C:\\T\\Film 1_req.mpv\"\r\n");
+  EXPECT_TRUE(Contains(muxed, "no under-runs detected")) << muxed;
+}
+
+TEST_F(RequantTest, SoftensWhatCannotBeShrunkOtherwise) {
+  Ffmpeg(
+      u"-f lavfi -i testsrc2=s=720x480:r=30000/1001:d=2,noise=alls=60:allf=t -c:v mpeg2video -b:v 8000k -maxrate 9000k "
+      "-bufsize 1835k -g 15 -bf 2 -flags +ildct+ilme -f mpeg2video a.m2v 2>/dev/null"_s);
+  const std::string printed = RunBatch(Line(10));
+  EXPECT_TRUE(Contains(printed, "softened") && !Contains(printed, "ERR")) << printed;
+  EXPECT_NEAR(double(Read(u"a.m2v"_s).size()) / double(Read(u"Film 1_req.mpv"_s).size()), 10, 0.5);
+  EXPECT_EQ(ReadMpegVideo(Host(u"Film 1_req.mpv"_s))->pictures, ReadMpegVideo(Host(u"a.m2v"_s))->pictures);
 }
 
 TEST_F(RequantTest, TellsWhyItFailedAndLeavesNothing) {
