@@ -12,6 +12,7 @@
 #include "media/audio_analysis.h"
 #include "media/chapters.h"
 #include "media/language_list.h"
+#include "media/media_advice.h"
 #include "media/sub_format_form.h"
 #include "media/video_title.h"
 #include "platform/host_files.h"
@@ -95,7 +96,11 @@ class TitleOptions {
       }
       const QString path = HostFiles::FromUser(files[i]);
       if (!HostFiles::FileExists(path)) return Refuse(u"There is no audio file "_s + path);
-      if (!IsAudioFile(path)) return Refuse(GetMessage(153, {{u"|1", path}}));
+      if (!IsAudioFile(path)) {
+        const std::optional<Finding> fault = MediaFault(path, MediaUse::Sound, context_.project.Settings);
+        Refuse(GetMessage(153, {{u"|1", path}}));
+        return fault ? Refuse(fault->text) : false;
+      }
       title.SetAudio(int(i) + 1, path);
     }
     return true;

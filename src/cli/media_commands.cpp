@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "media/audio_analysis.h"
 #include "media/chapters.h"
+#include "media/media_advice.h"
 #include "media/palette.h"
 #include "media/palette_check.h"
 #include "media/palette_file.h"
@@ -89,7 +90,9 @@ int Analyse(const CommandLine& line, Prompter& prompter) {
       continue;
     }
     const bool isAudio = LooksLikeAudio(path);
-    const QJsonObject record = isAudio ? AudioRecord(path) : VideoRecord(path);
+    QJsonObject record = isAudio ? AudioRecord(path) : VideoRecord(path);
+    const std::optional<Finding> fault = MediaFault(path, isAudio ? MediaUse::Sound : MediaUse::Film, Settings());
+    if (fault && fault->severity == Severity::Error) record[u"Advice"_s] = fault->text;
     PrintOut(QString::fromUtf8(QJsonDocument(record).toJson(QJsonDocument::Compact)) + u'\n');
     if (record[u"Result"_s].toBool()) continue;
     prompter.Fail((isAudio ? u"The kind of this audio file is not known: "_s : GetMessage(373) + u' ') + path);

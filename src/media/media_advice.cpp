@@ -133,9 +133,7 @@ class FaultFinder {
   }
 
   std::optional<Finding> OfSound() const {
-    const bool isKnown = kind_.type == MediaType::Ac3 || kind_.type == MediaType::MpegLayer2 ||
-                         kind_.type == MediaType::Dts || kind_.type == MediaType::Wave;
-    if (!isKnown) {
+    if (!IsDiscSound(kind_)) {
       return Error(u"%1 is %2; the sound of a disc is AC3, MPEG layer II, DTS or WAV. This makes it AC3: %3"_s.arg(
           path_, kind_.name, conversion_.Sound()));
     }

@@ -154,6 +154,11 @@ std::optional<MediaKind> BehindTag(MediaFile& file, QByteArrayView head) {
 
 }  // namespace
 
+bool IsDiscSound(const MediaKind& kind) {
+  return kind.type == MediaType::Ac3 || kind.type == MediaType::MpegLayer2 || kind.type == MediaType::Dts ||
+         kind.type == MediaType::Wave;
+}
+
 MediaKind IdentifyMedia(MediaFile& file) {
   const std::optional<QByteArray> read = file.Size() ? file.Read(0, kHead) : std::nullopt;
   if (!read) return {.type = MediaType::Unreadable, .name = u"a file that cannot be read"_s};

@@ -43,6 +43,9 @@ struct MediaKind {
   bool operator==(const MediaKind&) const = default;
 };
 
+/// True for sound of a kind that a disc has, whatever its frequency.
+bool IsDiscSound(const MediaKind& kind);
+
 /// Reads the first bytes, and of what may be MPEG video as much as its analysis does.
 MediaKind IdentifyMedia(MediaFile& file);
 MediaKind IdentifyMedia(const QString& dosPath);

@@ -6,6 +6,7 @@
 #include "core/text.h"
 #include "core/timecode.h"
 #include "media/chapters.h"
+#include "media/media_advice.h"
 #include "media/special_characters.h"
 #include "media/video_analysis.h"
 #include "platform/host_files.h"
@@ -24,6 +25,16 @@ QString DefaultIfEmpty(const QString& action) {
 /// One line of the warning of another format: " XRes = " and the like stand between the words and the values.
 QString FormatLine(const QString& name, const QString& before, const QString& now) {
   return GetMessage(476) + u' ' + name + before + u"   " + GetMessage(477) + u"  " + name + now;
+}
+
+/// False when no film can come of the file; the user has been told what it is and how to convert it.
+bool AnalyseForFilm(const QString& path, const Settings& settings, MpegInfo& video, Prompter& prompter) {
+  const bool found = AnalyseVideoFile(path, video, prompter);
+  const std::optional<Finding> fault = MediaFault(path, MediaUse::Film, settings);
+  const bool isRefused = fault && fault->severity == Severity::Error;
+  if (!found) prompter.Fail(GetMessage(373));
+  if (isRefused) prompter.Fail(fault->text);
+  return found && !isRefused;
 }
 
 }  // namespace
@@ -47,10 +58,7 @@ std::optional<FilmRecord> NewFilm(FilmRecord film, const Settings& settings, Pro
   const bool minds = settings.Engine == kEngineDvdauthor || IsMultiplexedFile(path);
   if (minds && HasSpecialCharacters(path)) WarnOfSpecialCharacters(settings, prompter);
   MpegInfo video;
-  if (!AnalyseVideoFile(path, video, prompter)) {
-    prompter.Fail(GetMessage(373));
-    return std::nullopt;
-  }
+  if (!AnalyseForFilm(path, settings, video, prompter)) return std::nullopt;
   TakeVideo(film, video);
   film.VideoFile = path;
   if (film.Name.isEmpty()) film.Name = SplitFileName(path).name;
@@ -121,10 +129,7 @@ void VideoTitle::CheckChangedProperties() {
 
 bool VideoTitle::SetVideo(const QString& path) {
   MpegInfo video;
-  if (!AnalyseVideoFile(path, video, prompter_)) {
-    prompter_.Fail(GetMessage(373));
-    return false;
-  }
+  if (!AnalyseForFilm(path, project_.Settings, video, prompter_)) return false;
   TakeVideo(film_, video);
   film_.VideoFile = path;
   film_.ShrinkTo = -1;

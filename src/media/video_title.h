@@ -133,6 +133,7 @@ class VideoTitle {
   void ShowShrinkTarget();
   bool CheckStreamOrder(const std::array<QString, kFilmStreams>& streams, int message);
   bool Ask(const QString& warning);
+  bool CheckSoundKinds();
   bool WarnOfFormat();
   FilmRecord FinishedFilm();
   QString NewSubFormatStr(int stream) const;

@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/project.h"
 #include "core/text.h"
+#include "media/media_advice.h"
 #include "media/video_title.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,6 +28,20 @@ bool VideoTitle::CheckStreamOrder(const std::array<QString, kFilmStreams>& strea
   for (int i = 1; i < kFilmStreams; ++i) {
     if (streams[i].isEmpty() || !streams[i - 1].isEmpty()) continue;
     prompter_.Inform(GetMessage(message));
+    return false;
+  }
+  return true;
+}
+
+/// Sound of a kind that no disc has would only come to light in the run. Of another frequency the user is warned.
+bool VideoTitle::CheckSoundKinds() {
+  for (const QString& name : Fields.Audio) {
+    if (name.size() < kLeastPath || labels_.Multiplexed) continue;
+    const MediaKind kind = IdentifyMedia(FullPath(name));
+    if (IsDiscSound(kind) || kind.type == MediaType::Unreadable || kind.type == MediaType::Empty) continue;
+    const std::optional<Finding> fault = MediaFault(FullPath(name), kind, MediaUse::Sound, project_.Settings);
+    if (!fault) continue;
+    prompter_.Fail(fault->text);
     return false;
   }
   return true;
@@ -55,7 +70,7 @@ std::optional<FilmRecord> VideoTitle::Accept() {
   if (!CheckNewVideoSize() || !CheckAudioDelay() || !CheckAddStreamNumber()) return std::nullopt;
   if (!CheckStreamOrder(Fields.Subtitle, 419)) return std::nullopt;
   if (!labels_.Multiplexed && !CheckStreamOrder(Fields.Audio, 420)) return std::nullopt;
-  if (!WarnOfFormat()) return std::nullopt;
+  if (!CheckSoundKinds() || !WarnOfFormat()) return std::nullopt;
   return FinishedFilm();
 }
 

@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/text.h"
 #include "media/audio_info_line.h"
+#include "media/media_advice.h"
 #include "platform/host_files.h"
 #include "tools/title_pattern.h"
 
@@ -207,6 +208,14 @@ bool AudioTitleList::CheckFiles() {
   return allFit;
 }
 
+/// What stands against the first file of which no sound of a disc can come; "" where all is well.
+QString AudioTitleList::FirstSoundFault() const {
+  for (const AudioTitleRow& row : rows_) {
+    if (const std::optional<Finding> fault = MediaFault(row.Title.File, MediaUse::Sound, settings_)) return fault->text;
+  }
+  return {};
+}
+
 bool AudioTitleList::TellOfActions() const {
   prompter_.Inform(u"User defined pre/post actions are only possible for audiotitlesets with chapters!"_s);
   return false;
@@ -233,8 +242,11 @@ std::optional<AudioTitleStore> AudioTitleList::Accept() {
     return std::nullopt;
   }
   if (!Fields.AudioFile.isEmpty()) UpdateSelected();
-  if (!CheckFiles()) {
+  const bool allFit = CheckFiles();
+  const QString fault = FirstSoundFault();
+  if (!allFit || !fault.isEmpty()) {
     prompter_.Inform(GetMessage(683));
+    if (!fault.isEmpty()) prompter_.Fail(fault);
     return std::nullopt;
   }
   AudioTitleStore store = store_;

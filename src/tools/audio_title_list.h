@@ -93,6 +93,7 @@ class AudioTitleList {
   void AddRow(const QString& path, const QString& image);
   void Swap(int row, int other);
   void Deselect();
+  QString FirstSoundFault() const;
   bool TellOfActions() const;
 
   const Settings& settings_;

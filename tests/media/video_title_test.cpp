@@ -68,7 +68,7 @@ TEST_F(VideoTitleTest, AFilmOfFilesBecomesARecord) {
   Put(u"C:\\My film.m2v"_s, Video());
   Put(u"C:\\My film.mp2"_s, Bytes({0xFF, 0xFD, 0xA4, 0}));
   Put(u"C:\\My film.ac3"_s, Sound(0));
-  Put(u"C:\\de.ac3"_s, Sound(0).leftJustified(3 << 20, 'x'));
+  Put(u"C:\\de.ac3"_s, Sound(0).leftJustified(3 << 20, '\0'));
   Put(u"C:\\s.srt"_s, "1\n");
   Put(u"C:\\s.sup"_s, "SP");
   Put(u"C:\\marks.txt"_s, "00:00:00.500\n");
@@ -109,10 +109,20 @@ TEST_F(VideoTitleTest, AFilmOfFilesBecomesARecord) {
   EXPECT_EQ(*accepted, expected);
   EXPECT_EQ(Told(), QStringList());
 
+  // Sound that no disc has is refused, whatever its name says.
+  Put(u"C:\\plus.ac3"_s, Bytes({0x0B, 0x77, 0, 0, 20, 16 << 3}));
+  title.SetAudio(3, u"C:\\plus.ac3"_s);
+  EXPECT_FALSE(title.Accept());
+  EXPECT_TRUE(Told().value(0).contains(u"plus.ac3 is E-AC3 (Dolby Digital Plus) sound; the sound of a disc is AC3"));
+  title.ClearAudio(3);
+
   // Another video: everything starts over, and a file that is no video changes nothing.
   EXPECT_FALSE(title.SetVideo(u"C:\\s.srt"_s));
   EXPECT_EQ(title.Accept(), accepted);
-  EXPECT_EQ(Told(), QStringList{u"No sequenz header found!"_s});
+  const QStringList refused = Told();
+  ASSERT_EQ(refused.size(), 2);
+  EXPECT_EQ(refused[0], u"No sequenz header found!");
+  EXPECT_TRUE(refused[1].contains(u"s.srt is a text; the film of a disc is MPEG-2 video")) << refused[1].toStdString();
   Put(u"C:\\b.m2v"_s, Video(352, 288));
   ASSERT_TRUE(title.SetVideo(u"C:\\b.m2v"_s));
   expected = *NewFilm({.VideoFile = u"C:\\b.m2v"_s}, project_.Settings, prompter_);

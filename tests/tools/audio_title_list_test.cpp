@@ -32,7 +32,8 @@ class AudioTitleListTest : public testing::Test {
     QByteArray head = QByteArray("\x0B\x77\0\0", 4) + char(frequencyCode << 6 | 20);
     if (!name.endsWith(u"3")) head = QByteArray("\xFF\xFD\xA4\0", 4);
     if (name.endsWith(u"wav"))
-      head = "RIFF____WAVEfmt ____" + QByteArray("\1\0\2\0\0\x77\1\0\0\xEE\2\0", 12) + QByteArray(8, 0);
+      head =
+          "RIFF____WAVEfmt ____" + QByteArray("\1\0\2\0\0\x77\1\0\0\xEE\2\0", 12) + QByteArray("\4\0\20\0\0\0\0\0", 8);
     if (frequencyCode > 1) head = "x";
     drive_.Write(name, head);
     return name;
@@ -118,7 +119,9 @@ TEST_F(AudioTitleListTest, KindsAndWrongFiles) {
     list.AddFiles(u"C:\\"_s, {File(u"good.ac3"_s), File(u"bad.ac3"_s, code)});
     EXPECT_TRUE(list.Rows()[1].Wrong && !list.Rows()[0].Wrong);
     EXPECT_FALSE(list.Accept());
-    EXPECT_EQ(prompter_.Told(), QStringList{wrong});
+    const QStringList told = prompter_.Told();
+    EXPECT_EQ(told.value(0), wrong);
+    EXPECT_TRUE(told.value(1).contains(code == 1 ? u"bad.ac3 is AC3 sound of 44100 Hz" : u"bad.ac3 is a text"));
   }
   EXPECT_EQ(list.Rows()[1].Info, u"Unkown filetype  Size=0MB");
   EXPECT_EQ(list.Rows()[1].Title.Size, 200001);
@@ -126,6 +129,14 @@ TEST_F(AudioTitleListTest, KindsAndWrongFiles) {
   EXPECT_TRUE(list.Accept());
   File(u"good.ac3"_s, 2);
   EXPECT_FALSE(list.Accept());
+
+  // A name that ends well does not make MP3 a sound of discs.
+  drive_.Write(u"mp3.mp2"_s, QByteArray("\xFF\xFB\xA4\0", 4));
+  list.RemoveAll();
+  prompter_.Told();
+  list.AddFiles(u"C:\\"_s, {u"mp3.mp2"_s});
+  EXPECT_FALSE(list.Accept());
+  EXPECT_TRUE(prompter_.Told().value(1).contains(u"mp3.mp2 is MP3 (MPEG layer III) sound"));
 }
 
 TEST_F(AudioTitleListTest, HoldsNinetySix) {
