@@ -169,7 +169,8 @@ int Session::Compose() {
   const QString dir = HostFiles::FromUser(line_.output);
   project_.Settings.TempDir = dir;  // the control file names its pictures where they are written
   const MenuView menu(project_.Tree, key);
-  const Result<ComposedMenu> composed = ComposeMenu(menu, project_.Settings, static_cast<ComposeMode>(line_.mode));
+  const auto mode = static_cast<ComposeMode>(line_.mode);
+  const Result<ComposedMenu> composed = ComposeMenu(menu, project_.Settings, mode);
   if (!composed) {
     prompter_.Fail(composed.Error());
     return kExitFailed;
@@ -179,7 +180,11 @@ int Session::Compose() {
     prompter_.Fail(u"The directory cannot be made: "_s + dir);
     return kExitFailed;
   }
-  const Status written = WriteMenuFiles(*composed, dir);
+  LineValues values(project_.Settings);
+  const HighlightFiles highlights =
+      mode == ComposeMode::Compile ? WriteHighlightFiles(menu, *composed, values) : HighlightFiles{};
+  if (!RefusesNothing(values.Refused(), prompter_)) return kExitFailed;
+  const Status written = WriteMenuFiles(*composed, highlights, dir);
   if (!written) prompter_.Fail(written.Error());
   if (!composed->ButtonsValid) prompter_.Fail(ButtonRulesText(menu, project_.Settings));
   return written && composed->ButtonsValid ? kExitDone : kExitFailed;

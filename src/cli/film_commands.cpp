@@ -4,7 +4,7 @@
 
 #include "cli/media_commands.h"
 #include "cli/picture_check.h"
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/messages.h"
 #include "core/text.h"

@@ -1,7 +1,7 @@
 #include "cli/project_info.h"
 
 #include "compilers/project_findings.h"
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/audio_title_set.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "compilers/scene_time.h"
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/keys.h"
 #include "core/text.h"

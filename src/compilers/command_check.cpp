@@ -6,6 +6,7 @@
 #include "compilers/run_batches.h"
 #include "compilers/written_values.h"
 #include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/menu_view.h"
 #include "designer/edit_context.h"
 #include "platform/host_files.h"

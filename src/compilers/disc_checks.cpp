@@ -7,6 +7,7 @@
 #include "compilers/audio_titleset.h"
 #include "compilers/disc_look.h"
 #include "compilers/plan_check.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/messages.h"
@@ -48,13 +49,13 @@ qint64 ExtraMB(const Project& project) {
   double extra = 0;
   for (int i = 1; i <= project.FilmCount; ++i) {
     const FilmView film(project.Tree, i);
-    if (settings.Engine == 1) {
+    if (settings.Engine == kEngineMuxMan) {
       extra += Val(film.Text(film_node::ShrinkTo).value_or(QString()));
     } else if (film.NeedsMux()) {
       extra += Val(film.Text(film_node::TotalSize).value_or(QString()));
     }
   }
-  const bool muxesIntro = settings.Engine != 1 && settings.UseIntro && !settings.IntroAudio.isEmpty() &&
+  const bool muxesIntro = settings.Engine != kEngineMuxMan && settings.UseIntro && !settings.IntroAudio.isEmpty() &&
                           !settings.IntroMovie.endsWith(u".mpg", Qt::CaseInsensitive);
   if (muxesIntro) {
     for (const QString& path : {settings.IntroAudio, settings.IntroMovie}) {

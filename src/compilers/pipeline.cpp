@@ -11,6 +11,7 @@
 #include "compilers/plan_check.h"
 #include "compilers/project_findings.h"
 #include "compilers/temp_claim.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/messages.h"
 #include "platform/host_files.h"
@@ -117,7 +118,7 @@ bool CreateDvdPipeline::HasTools(const std::vector<PlannedBatch>& batches, Batch
 
 std::optional<RunPlan> CreateDvdPipeline::BuildSyntaxCheck() {
   const Settings& settings = project_.Settings;
-  if (settings.Engine != 0) {
+  if (settings.Engine != kEngineDvdauthor) {
     prompter_.Fail(GetMessage(53));
     return std::nullopt;
   }
@@ -187,8 +188,9 @@ bool CreateDvdPipeline::CompileMenu(const QString& key) {
     if (plan_.AutoDelete) files_.Clean(SourceGuard(ProjectFiles(project_)));
     return false;
   }
-  return RefusesNothing(composed->Refused, prompter_) && Succeeded(files_.Claim(MenuFileNames(*composed))) &&
-         Succeeded(WriteMenuFiles(*composed, settings.TempDir));
+  const HighlightFiles highlights = WriteHighlightFiles(menu, *composed, values_);
+  return AllValuesPassed() && Succeeded(files_.Claim(MenuFileNames(*composed, highlights))) &&
+         Succeeded(WriteMenuFiles(*composed, highlights, settings.TempDir));
 }
 
 bool CreateDvdPipeline::WriteEmptyMenuPicture() {

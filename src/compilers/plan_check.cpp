@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "compilers/audio_titleset.h"
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/text.h"

@@ -7,7 +7,7 @@
 #include "compilers/source_check.h"
 #include "compilers/temporary_names.h"
 #include "compilers/written_values.h"
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/menu_view.h"
 #include "core/resource_paths.h"
 #include "platform/host_files.h"

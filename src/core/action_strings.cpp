@@ -6,6 +6,7 @@
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/text.h"
+#include "core/engine.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -7,9 +7,6 @@
 
 namespace torvane {
 
-inline constexpr int kEngineDvdauthor = 0;
-inline constexpr int kEngineMuxMan = 1;
-
 /// The one action that both engines share: plays all titles one after the other.
 inline constexpr QStringView kPlayAllAction = u"Play_all";
 

@@ -1,6 +1,6 @@
 #include "core/outside_tools.h"
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 
 using namespace Qt::Literals::StringLiterals;

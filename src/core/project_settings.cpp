@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/default_project.h"
 #include "core/edit.h"
 #include "core/messages.h"

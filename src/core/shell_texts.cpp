@@ -1,6 +1,6 @@
 #include "core/shell_texts.h"
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "platform/host_files.h"
 

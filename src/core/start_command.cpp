@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "core/text.h"
 #include "platform/host_files.h"

@@ -2,7 +2,6 @@
 
 #include <QRegularExpression>
 
-#include "core/action_strings.h"
 
 using namespace Qt::Literals::StringLiterals;
 

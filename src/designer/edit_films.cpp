@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/default_project.h"
 #include "core/edit.h"
 #include "core/film_view.h"

@@ -1,6 +1,6 @@
 #include "media/file_filters.h"
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 
 using namespace Qt::Literals::StringLiterals;
 

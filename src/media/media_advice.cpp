@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "media/video_labels.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "core/text.h"
 

@@ -1,6 +1,7 @@
 #include "media/video_title.h"
 
 #include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "core/project.h"
 #include "core/text.h"

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "core/project.h"
 #include "core/text.h"

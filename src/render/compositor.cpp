@@ -2,11 +2,10 @@
 
 #include <optional>
 
-#include "designer/button_rectangles.h"
+#include "core/engine.h"
 #include "designer/color_string.h"
 #include "designer/mask_placement.h"
 #include "designer/menu_frame.h"
-#include "designer/spu_xml.h"
 #include "render/highlight_pictures.h"
 #include "render/menu_buttons.h"
 #include "render/menu_labels.h"
@@ -45,22 +44,13 @@ void DrawImages(QImage& visible, const MenuView& menu, PictureLoader& pictures) 
   }
 }
 
-void WriteSpuXml(ComposedMenu& composed, const MenuView& menu, const Settings& settings,
-                 const std::vector<ButtonRectangle>& rectangles) {
-  LineValues values(settings);
-  composed.SpuXml = SpuXmlText(menu, rectangles, SpuFile::Frame, values);
-  if (menu.IsWide(settings)) composed.SpuLXml = SpuXmlText(menu, rectangles, SpuFile::Letterbox, values);
-  composed.Refused = values.Refused();
-}
-
 }  // namespace
 
 Result<ComposedMenu> ComposeMenu(const MenuView& menu, const Settings& settings, ComposeMode mode) {
-  constexpr int kDvdAuthor = 0;
   if (!menu.Exists() || !IsMenu(menu.Key()))
     return Failure{u"There is no menu \"" + menu.Key() + u"\" in this project."};
   const QString name = menu.Name() + u" (" + menu.Key() + u')';
-  if (settings.Engine != kDvdAuthor) {
+  if (settings.Engine != kEngineDvdauthor) {
     return Failure{u"Menu " + name + u": menus can be drawn for dvdauthor only; choose it as engine."_s};
   }
   if (menu.IsAnimated(settings)) {
@@ -85,16 +75,15 @@ Result<ComposedMenu> ComposeMenu(const MenuView& menu, const Settings& settings,
   if (style.Blur.Use) Blur32HV(planes.Visible, style.Blur.X, style.Blur.Y);
   planes.Visible.convertTo(QImage::Format_RGB32);
 
-  const std::vector<ButtonRectangle> rectangles = ButtonRectangles(menu, settings);
   ComposedMenu composed;
   composed.MenuKey = menu.Key();
-  composed.ButtonsValid = RectangleFaults(rectangles, MenuHeight(settings)).empty();
+  composed.Rectangles = ButtonRectangles(menu, settings);
+  composed.ButtonsValid = RectangleFaults(composed.Rectangles, MenuHeight(settings)).empty();
   composed.Errors = pictures.Errors();
   switch (mode) {
     case ComposeMode::Compile:
       composed.Pictures = SubpicturesOf(planes, style, settings);
       composed.Pictures.push_back({u"Backg.png"_s, planes.Visible});
-      WriteSpuXml(composed, menu, settings, rectangles);
       break;
     case ComposeMode::PicturePreview:
       composed.Pictures = PreviewHighlightsOf(planes.Highlight, style);

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <vector>
 
-#include "core/finding.h"
 #include "core/menu_view.h"
 #include "core/settings.h"
+#include "designer/button_rectangles.h"
 #include "platform/result.h"
 #include "render/menu_pictures.h"
 
@@ -16,14 +15,12 @@ namespace torvane {
 /// What a menu is drawn for.
 enum class ComposeMode { Compile = 0, PicturePreview = 1, ScriptPreview = 2 };
 
-/// A menu as pictures and text.
+/// A menu as pictures, and what its highlights are made of.
 struct ComposedMenu {
   QString MenuKey;
   std::vector<MenuPicture> Pictures;
-  QByteArray SpuXml;         ///< for compiling only
-  QByteArray SpuLXml;        ///< for compiling a 16:9 menu only
+  std::vector<ButtonRectangle> Rectangles;
   bool ButtonsValid = true;  ///< no button leaves the frame or comes too near to another
-  QList<Finding> Refused;    ///< values that cannot stand in the control files, which must then not be used
   QStringList Errors;        ///< pictures that could not be loaded, with file and menu; the rest is drawn all the same
 };
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "core/text.h"
 #include "media/audio_info_line.h"

@@ -1,4 +1,5 @@
 #include "core/action_strings.h"
+#include "core/engine.h"
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "core/action_strings.h"
+#include "core/engine.h"
 #include "core/default_project.h"
 #include "mpeg_pieces.h"
 #include "platform/host_files.h"

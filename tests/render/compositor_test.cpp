@@ -6,7 +6,6 @@
 #include "menu_fixture.h"
 #include "render/menu_labels.h"
 #include "render/text_painter.h"
-#include "support/text_lines.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -55,13 +54,9 @@ TEST_F(Compositor, MakesThePicturesThatEachModeNeeds) {
   EXPECT_EQ(suffixes(ComposeMode::Compile), u"Act.png Backg.png High.png");
   EXPECT_EQ(suffixes(ComposeMode::PicturePreview), u"Act.png High.png Preview.png");
   EXPECT_EQ(suffixes(ComposeMode::ScriptPreview), u"Backg.png");
-  EXPECT_FALSE(Compose().SpuXml.isEmpty());
-  EXPECT_TRUE(Compose().SpuLXml.isEmpty());
-  EXPECT_TRUE(Compose(ComposeMode::PicturePreview).SpuXml.isEmpty());
 
   project_.Settings.DefMenuRatio = true;
   EXPECT_EQ(suffixes(ComposeMode::Compile), u"Act.png ActL.png Backg.png High.png HighL.png");
-  EXPECT_TRUE(Compose().SpuLXml.contains("MMHighL.png"));
   project_.Settings.VideoNormPal = false;
   for (const MenuPicture& picture : Compose().Pictures) EXPECT_EQ(picture.Image.size(), QSize(720, 480));
 }
@@ -177,7 +172,6 @@ TEST_F(Compositor, LeavesOutWhatCannotBeSelected) {
   project_.Tree.Remove(u"MMB2Action"_s);
   const ComposedMenu menu = Compose();
   EXPECT_EQ(ColorsOf(PictureOf(menu, u"High.png")), std::set<QRgb>{0});
-  EXPECT_TRUE(LinesWith(menu.SpuXml, "button").isEmpty());
   EXPECT_GT(CountOf(PictureOf(menu, u"Backg.png"), 0xFFFFFFFF), 0);
 }
 

@@ -44,33 +44,6 @@ TEST_F(MenuPictures, AreEncodedAsTheExtensionSays) {
   EXPECT_FALSE(EncodePicture(picture, u"C:\\a"_s));
 }
 
-TEST_F(MenuPictures, AreTakenBySpumux) {
-  test::AddButton(project_, u"MM"_s, 1, u"First\r\nbutton"_s, {100, 100, 200, 80}, {u"FontSize=28"_s});
-  test::AddButton(project_, u"MM"_s, 2, u""_s, {400, 100, 200, 80}, {u"NormVis=0"_s});
-  test::AddButton(project_, u"MM"_s, 3, u" "_s, {100, 300, 80, 40});
-  test::AddMask(project_, u"MMB3"_s, HalfMask(), u"100"_s, u"1"_s);
-  project_.Tree.SetCaption(u"MMHCT1"_s, u"Transparenz=41%"_s);
-  project_.Settings.DefMenuRatio = true;
-  Shell(u"ffmpeg -loglevel error -f lavfi -i color=size=720x576:rate=25 -frames:v 10 -target pal-dvd in.mpg"_s);
-  for (const QString& blur : {u"Blur=0"_s, u"Blur=1"_s}) {
-    for (const QString& frame : {u"Frame=0"_s, u"Frame=1"_s}) {
-      test::SetCaptions(project_, {{u"MMBGBlur"_s, blur}, {u"MMHT2"_s, frame}, {u"MMHT1"_s, u"Fill=1"_s}});
-      const ComposedMenu menu = Compose();
-      ASSERT_TRUE(menu.ButtonsValid);
-      ASSERT_TRUE(WriteMenuPictures(menu.Pictures, menu.MenuKey, project_.Settings.TempDir));
-      for (const auto& [name, text] : {std::pair(u"Spu.xml"_s, menu.SpuXml), std::pair(u"SpuL.xml"_s, menu.SpuLXml)}) {
-        QByteArray native = text;
-        native.replace(QByteArray(project_.Settings.TempDir.toUtf8() + '\\'), QByteArray(dir_.path().toUtf8() + '/'));
-        ASSERT_TRUE(HostFiles::WriteAtomically(project_.Settings.TempDir + u'\\' + name, native));
-        const QString output = Shell(u"VIDEO_FORMAT=PAL spumux " + name + u" < in.mpg > out.mpg");
-        EXPECT_TRUE(output.contains(u"1 subtitles added, 0 subtitles skipped"_s))
-            << blur.toStdString() << ' ' << frame.toStdString() << '\n'
-            << output.toStdString();
-      }
-    }
-  }
-}
-
 TEST_F(MenuPictures, SurviveJpegAtFullQuality) {
   QImage black(720, 576, QImage::Format_RGB32);
   black.fill(Qt::black);
