@@ -5,8 +5,8 @@
 
 namespace {
 
-/// Passes Qt's own messages on, but for its remark on a missing runtime directory, since nothing here needs one, and what its
-/// picture readers say of a damaged file: they name no file, and whoever reads it tells the user.
+/// Passes Qt's own messages on, but for its remark on a missing runtime directory, since nothing here needs one, and
+/// what its picture readers say of a damaged file: they name no file, and whoever reads it tells the user.
 void PrintQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   if (text.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR")) return;
   if (context.category && QByteArrayView(context.category).startsWith("qt.gui.imageio")) return;

@@ -45,7 +45,8 @@ constexpr CommandHelp kCommands[] = {
     {u"chapters", u"FILE --fps F [--duration S] [--frames yes|no]",
      u"Reads a text file of chapter marks and prints the chapter list; --frames tells whether fractions are frames.",
      u"torvane-cli chapters holiday.txt --fps 25 --duration 3600", 1, 1, u"--fps --duration --frames"},
-    {u"palette", u"FILE", u"Reads a subtitle palette (ifo, pal, rgb, sst): prints the packed colours, then each as R, G, B.",
+    {u"palette", u"FILE",
+     u"Reads a subtitle palette (ifo, pal, rgb, sst): prints the packed colours, then each as R, G, B.",
      u"torvane-cli palette VTS_01_0.IFO", 1, 1},
     {u"recover", u"list | disc | save JOURNAL OUT.tvn | discard JOURNAL",
      u"Lists the unsaved work that killed programs left (name, time of the last change, project), saves or discards "

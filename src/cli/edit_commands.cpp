@@ -163,8 +163,9 @@ class EditCommand {
       const QPoint point(numbers.value(0).toInt(&xOk), numbers.value(1).toInt(&yOk));
       const int height = MenuHeight(context_.project.Settings);
       if (numbers.size() != 2 || !xOk || !yOk || !QRect(0, 0, kMenuWidth, height).contains(point)) {
-        return Refuse(u"--at takes a place within %1 by %2 as X,Y, not \"%3\"."_s.arg(kMenuWidth).arg(height).arg(
-            Option(u"--at"_s)));
+        return Refuse(u"--at takes a place within %1 by %2 as X,Y, not \"%3\"."_s.arg(kMenuWidth)
+                          .arg(height)
+                          .arg(Option(u"--at"_s)));
       }
       place_.position = point;
     }

@@ -1,8 +1,8 @@
 #include "cli/project_info.h"
 
 #include "compilers/project_findings.h"
-#include "core/engine.h"
 #include "core/audio_title_set.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/size_bar.h"

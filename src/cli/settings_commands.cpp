@@ -82,8 +82,9 @@ Status CheckSettingsArguments(const QStringList& arguments) {
     }
     return {};
   }
-  return Failure{u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn "
-                 u"in front for what a project carries)"_s};
+  return Failure{
+      u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn "
+      u"in front for what a project carries)"_s};
 }
 
 Status CheckPresetArguments(const QStringList& arguments) {
@@ -93,7 +94,8 @@ Status CheckPresetArguments(const QStringList& arguments) {
 
 int RunSettingsCommand(const CommandLine& line, Prompter& prompter) {
   const SettingsStore store(line.profileDir);
-  if (line.arguments.front() == u"set") return ExitOf(store.Write(Texts(Assignments(line.arguments.sliced(1)))), prompter);
+  if (line.arguments.front() == u"set")
+    return ExitOf(store.Write(Texts(Assignments(line.arguments.sliced(1)))), prompter);
   const Result<SettingTexts> stored = store.Read();
   if (!stored) return ExitOf(Failure{stored.Error()}, prompter);
   if (line.arguments.front() == u"list") {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "cli/command_line.h"
-#include "core/prompter.h"
 #include "core/project.h"
+#include "core/prompter.h"
 
 namespace torvane {
 
-/// Whether the arguments behind the command `settings` are "list", "get KEY" or "set KEY=VALUE...", or one of these behind
-/// "project P.tvn", with keys that exist and values that their settings take. Fails with a text for the user.
+/// Whether the arguments behind the command `settings` are "list", "get KEY" or "set KEY=VALUE...", or one of these
+/// behind "project P.tvn", with keys that exist and values that their settings take. Fails with a text for the user.
 Status CheckSettingsArguments(const QStringList& arguments);
 
 /// The same for the command `preset`: "save FILE" or "load FILE".

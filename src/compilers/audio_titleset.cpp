@@ -19,7 +19,9 @@ constexpr double kSecondsADay = 86400;
 
 constexpr QStringView kAudioFolder = u"TempAudioMpg";  ///< below the temporary directory
 
-QString InAudioFolder(const QString& name) { return kAudioFolder + u'\\' + name; }
+QString InAudioFolder(const QString& name) {
+  return kAudioFolder + u'\\' + name;
+}
 
 /// Lines of nested blocks, each level one tab deeper.
 class BlockText {

@@ -13,7 +13,8 @@ namespace {
 constexpr QStringView kLineBreak = u"\r\n";
 
 QString MenuFile(LineValues& values, const MenuView& menu) {
-  return values.Temp(values.Word(menu.Key(), menu.Key()) + (menu.IsWide(values.InForce()) ? u"MenuL.mpg" : u"Menu.mpg"));
+  return values.Temp(values.Word(menu.Key(), menu.Key()) +
+                     (menu.IsWide(values.InForce()) ? u"MenuL.mpg" : u"Menu.mpg"));
 }
 
 }  // namespace

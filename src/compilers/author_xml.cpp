@@ -133,7 +133,7 @@ class SingleWriter {
 
 }  // namespace
 
-QByteArray WriteAuthorXmlSingle(const Project& project, AuthorMode mode, LineValues& values) { 
+QByteArray WriteAuthorXmlSingle(const Project& project, AuthorMode mode, LineValues& values) {
   return SingleWriter(project, mode, values).Write();
 }
 

@@ -243,7 +243,8 @@ class TitlesetWriter {
   void AudioTitles(const FilmView& film) {
     const int count = AudioTrackCount(project_.Tree, film.Number());
     const auto vob = [&](int track, QStringView chapters) {
-      out_.Line(u"        <vob file=\"" + values_.Path(AudioTrackFile(settings_, film.Number(), track)) + u'"' + chapters + u"/>");
+      out_.Line(u"        <vob file=\"" + values_.Path(AudioTrackFile(settings_, film.Number(), track)) + u'"' +
+                chapters + u"/>");
     };
     if (HasOneTitle(project_.Tree, film.Number())) {
       out_.Line(u"      <pgc>");

@@ -15,7 +15,8 @@ struct PlannedBatch {
   QByteArray text;
 };
 
-/// The batches that make the disc, in order of running, up to the one that authors it. `video` is the text of the first.
+/// The batches that make the disc, in order of running, up to the one that authors it. `video` is the text of the
+/// first.
 std::vector<PlannedBatch> DiscBatches(const Project& project, const QByteArray& video, LineValues& values);
 
 /// True when the control file leads to the empty menu, so that its picture and batch are needed.

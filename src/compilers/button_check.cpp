@@ -11,7 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-QString MenuName(const MenuView& menu) { return u"%1 (%2)"_s.arg(menu.Name(), menu.Key()); }
+QString MenuName(const MenuView& menu) {
+  return u"%1 (%2)"_s.arg(menu.Name(), menu.Key());
+}
 
 QString AreaText(const Edges& area) {
   return u"%1,%2 to %3,%4"_s.arg(area.Left).arg(area.Top).arg(area.Right).arg(area.Bottom);
@@ -25,9 +27,10 @@ ButtonView ButtonOf(const MenuView& menu, const QString& key) {
 void FindIdleButtons(const MenuView& menu, QList<Finding>& findings) {
   for (const ButtonView& button : menu.Buttons()) {
     if (!button.ExistsOnDisc() || !button.Action().value_or(QString()).isEmpty()) continue;
-    findings << Finding{Severity::Warning, button.Key(),
-                        u"Menu %1: the button %2 has no action, so it cannot be chosen. Please give it one or delete it."_s
-                            .arg(MenuName(menu), ButtonName(button))};
+    findings << Finding{
+        Severity::Warning, button.Key(),
+        u"Menu %1: the button %2 has no action, so it cannot be chosen. Please give it one or delete it."_s.arg(
+            MenuName(menu), ButtonName(button))};
   }
 }
 
@@ -61,15 +64,18 @@ QList<Finding> ButtonRuleFindings(const MenuView& menu, const Settings& settings
     QString text;
     switch (fault.rule) {
       case RectangleFault::Rule::Empty:
-        text = u"The button %1 has no area that could light up. Please enlarge it or its mask."_s.arg(name(fault.button));
+        text =
+            u"The button %1 has no area that could light up. Please enlarge it or its mask."_s.arg(name(fault.button));
         break;
       case RectangleFault::Rule::Outside:
-        text = u"The button %1 needs the area %2 with its margin, but must lie within %3. Please move it or shorten its text."_s.arg(
-            name(fault.button), area(fault.button), AreaText({0, 0, kMenuWidth, height}));
+        text =
+            u"The button %1 needs the area %2 with its margin, but must lie within %3. Please move it or shorten its text."_s
+                .arg(name(fault.button), area(fault.button), AreaText({0, 0, kMenuWidth, height}));
         break;
       case RectangleFault::Rule::TooNear:
-        text = u"The buttons %1 and %2 come too near to each other: with their margins they need %3 and %4. Please move one of them away."_s
-                   .arg(name(fault.other), name(fault.button), area(fault.other), area(fault.button));
+        text =
+            u"The buttons %1 and %2 come too near to each other: with their margins they need %3 and %4. Please move one of them away."_s
+                .arg(name(fault.other), name(fault.button), area(fault.other), area(fault.button));
         break;
     }
     findings << Finding{Severity::Error, rectangles[fault.button].Key, text};

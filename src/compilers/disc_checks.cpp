@@ -222,13 +222,15 @@ QList<Finding> SourceSafetyFindings(const Project& project) {
   };
   QList<Finding> findings;
   for (const QString& file : settings.AutoDelete ? CheckSourcesOutsideTemp(files, settings.TempDir) : QStringList()) {
-    findings << error(file, u"The file %1 of the project lies in the temporary directory, which is emptied after authoring. "
-                            u"Please move it elsewhere or choose another temporary directory."_s);
+    findings << error(file,
+                      u"The file %1 of the project lies in the temporary directory, which is emptied after authoring. "
+                      u"Please move it elsewhere or choose another temporary directory."_s);
   }
   for (const QString& file : files) {
     if (!LiesWithin(file, VideoTsDir(settings)) || !HostFiles::FileExists(file)) continue;
-    findings << error(file, u"The file %1 of the project lies in the folder of the disc that is to be replaced. Please move "
-                            u"it elsewhere or choose another output directory."_s);
+    findings << error(file,
+                      u"The file %1 of the project lies in the folder of the disc that is to be replaced. Please move "
+                      u"it elsewhere or choose another output directory."_s);
   }
   return findings;
 }

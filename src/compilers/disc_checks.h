@@ -33,8 +33,8 @@ void TellOfFormerDisc(const Project& project, Prompter& prompter);
 /// these first where that helps. Answers with what is to become of them; nothing when the user stops.
 std::optional<FormerFate> CheckFreeSpace(const Project& project, Prompter& prompter);
 
-/// Sources of the project that lie where the run erases temporary files by wildcard, or in the folder of the old disc: such
-/// a run is refused.
+/// Sources of the project that lie where the run erases temporary files by wildcard, or in the folder of the old disc:
+/// such a run is refused.
 QList<Finding> SourceSafetyFindings(const Project& project);
 
 /// Tells the findings in one box; true when there are none.

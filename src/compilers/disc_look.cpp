@@ -16,7 +16,8 @@ namespace {
 
 constexpr qint64 kSector = 2048;
 constexpr int kMostVobs = 9;
-/// dvdauthor gives VIDEO_TS.IFO, its backup and its video files so many bytes at least; the image has a gap for the rest.
+/// dvdauthor gives VIDEO_TS.IFO, its backup and its video files so many bytes at least; the image has a gap for the
+/// rest.
 constexpr qint64 kLeastDiscPart = 32 * kSector;
 constexpr qint64 kLastSectorAt = 0x0C;  ///< of an IFO: number of the last sector of all that it stands for
 constexpr qint64 kTitlesetCountAt = 0x3E;

@@ -24,9 +24,13 @@ Norm NormOf(const FilmView& film) {
   return rate > 0 || lines == 480 || lines == 240 ? Norm::Ntsc : Norm::Unknown;
 }
 
-QString NormName(Norm norm) { return norm == Norm::Pal ? u"PAL"_s : u"NTSC"_s; }
+QString NormName(Norm norm) {
+  return norm == Norm::Pal ? u"PAL"_s : u"NTSC"_s;
+}
 
-QString NameOf(const FilmView& film) { return u"%1 (%2)"_s.arg(film.Number()).arg(film.Name()); }
+QString NameOf(const FilmView& film) {
+  return u"%1 (%2)"_s.arg(film.Number()).arg(film.Name());
+}
 
 class FilmCheck {
  public:
@@ -46,10 +50,12 @@ class FilmCheck {
     const bool mixesNorms = project_.Settings.NoTitleSets && FindMixedNorms();
     if (!mixesNorms) FindOtherNorm();
     if (project_.Settings.NoTitleSets && !mixesNorms) {
-      FindMixed(film_node::ResV, u"Films %1 and %2 have different numbers of lines, %3 and %4, but share a titleset: many "
-                                 u"players show one of them distorted. Please switch titlesets on or convert one."_s);
-      FindMixed(film_node::Aspect, u"Films %1 and %2 have different aspects, %3 and %4, but share a titleset: one of them "
-                                   u"is shown distorted. Please switch titlesets on or convert one."_s);
+      FindMixed(film_node::ResV,
+                u"Films %1 and %2 have different numbers of lines, %3 and %4, but share a titleset: many "
+                u"players show one of them distorted. Please switch titlesets on or convert one."_s);
+      FindMixed(film_node::Aspect,
+                u"Films %1 and %2 have different aspects, %3 and %4, but share a titleset: one of them "
+                u"is shown distorted. Please switch titlesets on or convert one."_s);
     }
     return std::move(findings_);
   }
@@ -72,9 +78,11 @@ class FilmCheck {
     HostMediaFile file(film.Video());
     if (!ClockGoesBack(file)) return;
     Add(Severity::Warning, film, film_node::Video,
-        u"Film %1: the clock of %2 starts again within the file, as where VOB files were joined end to end; chapters and "
-        u"searching will go wrong. Please join them anew with a tool that makes one clock of them, for example: %3"_s.arg(
-            NameOf(film), HostFiles::ToHost(film.Video()), u"ffmpeg -i old.vob -map 0:v -map 0:a -c copy -f dvd new.mpg"_s));
+        u"Film %1: the clock of %2 starts again within the file, as where VOB files were joined end to end; chapters "
+        u"and "
+        u"searching will go wrong. Please join them anew with a tool that makes one clock of them, for example: %3"_s
+            .arg(NameOf(film), HostFiles::ToHost(film.Video()),
+                 u"ffmpeg -i old.vob -map 0:v -map 0:a -c copy -f dvd new.mpg"_s));
   }
 
   /// The first two films whose norms differ make the finding.
@@ -85,7 +93,8 @@ class FilmCheck {
       if (!first) first = &film;
       if (NormOf(film) == NormOf(*first)) continue;
       Add(Severity::Error, film, film_node::Fps,
-          u"Films %1 and %2 are of different norms, %3 and %4, which one titleset cannot hold. Please switch titlesets on "
+          u"Films %1 and %2 are of different norms, %3 and %4, which one titleset cannot hold. Please switch titlesets "
+          u"on "
           u"or convert one."_s.arg(NameOf(*first), NameOf(film), NormName(NormOf(*first)), NormName(NormOf(film))));
       return true;
     }
@@ -97,7 +106,8 @@ class FilmCheck {
     for (const FilmView& film : films_) {
       if (NormOf(film) == Norm::Unknown || NormOf(film) == norm) continue;
       Add(Severity::Warning, film, film_node::Fps,
-          u"Film %1 is %2, but the project is %3: not every player and television shows both. Please convert the film or "
+          u"Film %1 is %2, but the project is %3: not every player and television shows both. Please convert the film "
+          u"or "
           u"change the norm of the project."_s.arg(NameOf(film), NormName(NormOf(film)), NormName(norm)));
     }
   }
@@ -122,7 +132,9 @@ class FilmCheck {
 
 }  // namespace
 
-QList<Finding> FilmFindings(const Project& project) { return FilmCheck(project).Run(); }
+QList<Finding> FilmFindings(const Project& project) {
+  return FilmCheck(project).Run();
+}
 
 bool ClockGoesBack(MediaFile& file) {
   constexpr int kSamples = 60;

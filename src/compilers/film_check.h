@@ -9,8 +9,8 @@
 namespace torvane {
 
 /// What keeps the films of a project from playing as they should although each file is sound: too many chapters, norms,
-/// picture sizes and aspects that one titleset or the disc mixes, and multiplexed films whose clock starts again. Errors
-/// are what no player can make good; the rest warns. Norm, size and aspect are those that the nodes hold.
+/// picture sizes and aspects that one titleset or the disc mixes, and multiplexed films whose clock starts again.
+/// Errors are what no player can make good; the rest warns. Norm, size and aspect are those that the nodes hold.
 QList<Finding> FilmFindings(const Project& project);
 
 /// True for a program stream whose clock goes back within the file, as it does where recordings were joined end to end.

@@ -40,8 +40,7 @@ Readiness CreateDvdPipeline::PrepareCreateDvd() {
   if (!HasButtons()) return Readiness::NothingToDo;
   const Settings& settings = project_.Settings;
   const bool ready = TellFindings(ProjectFindings(project_, PlanUse::Run), prompter_) &&
-                     (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) &&
-                     AgreesToReplaceFormer();
+                     (!settings.AnimatedMainMenu || CheckLoopingMenus(project_, prompter_)) && AgreesToReplaceFormer();
   return ready ? Readiness::Ready : Readiness::Refused;
 }
 
@@ -217,7 +216,9 @@ QString CreateDvdPipeline::NameInTemp(const QString& path) const {
 }
 
 /// The checks before a run have let the writers try already; this holds where one was left out.
-bool CreateDvdPipeline::AllValuesPassed() { return RefusesNothing(values_.Refused(), prompter_); }
+bool CreateDvdPipeline::AllValuesPassed() {
+  return RefusesNothing(values_.Refused(), prompter_);
+}
 
 bool CreateDvdPipeline::Succeeded(const Status& status) {
   if (!status) prompter_.Fail(status.Error());

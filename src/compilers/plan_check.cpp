@@ -59,8 +59,8 @@ void FindMissingMenus(const Project& project, QList<Finding>& findings) {
     if (IsTitleSetMenu(key) && !project.Tree.Contains(key)) {
       AddError(
           findings, FilmKey(ValToInt(key.sliced(2))),
-          u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s.arg(
-              key.sliced(2)));
+          u"Film %1 has no titleset menu, as the project was made without titlesets. Please switch titlesets off."_s
+              .arg(key.sliced(2)));
     } else if (!project.Tree.Contains(key)) {
       AddError(findings, {}, u"The menu %1 is listed as a submenu but is not there."_s.arg(key));
     }
@@ -134,9 +134,10 @@ void FindMenuTypes(const Project& project, QList<Finding>& findings) {
   for (const QString& key : DiscMenuKeys(project)) {
     const std::optional<QString> type = MenuView(project.Tree, key).Text(menu_node::Type);
     if (!IsMainSubMenu(key) || !type || *type == kPlainSubMenu) continue;
-    findings << Finding{Severity::Warning, MenuNodeKey(key, menu_node::Type),
-                        u"Menu %1 (%2) is of the type \"%3\", which submenus of titlesets alone can have. It is made as an "
-                        u"ordinary submenu."_s.arg(MenuView(project.Tree, key).Name(), key, *type)};
+    findings << Finding{
+        Severity::Warning, MenuNodeKey(key, menu_node::Type),
+        u"Menu %1 (%2) is of the type \"%3\", which submenus of titlesets alone can have. It is made as an "
+        u"ordinary submenu."_s.arg(MenuView(project.Tree, key).Name(), key, *type)};
   }
 }
 

@@ -29,8 +29,8 @@ enum class PlanUse {
 /// place and what to do; all are errors.
 QList<Finding> StructureFindings(const Project& project);
 
-/// The limits of the authoring tools, and what dvdauthor and players stumble over: too many titles, titlesets and buttons,
-/// sound files of an audio titleset that do not go together, menus of a type that does not fit.
+/// The limits of the authoring tools, and what dvdauthor and players stumble over: too many titles, titlesets and
+/// buttons, sound files of an audio titleset that do not go together, menus of a type that does not fit.
 QList<Finding> LimitFindings(const Project& project, PlanUse use);
 
 }  // namespace torvane

@@ -22,8 +22,9 @@ QList<Finding> UnsupportedFindings(const Project& project) {
   const Settings& settings = project.Settings;
   QList<Finding> findings;
   if (settings.Engine != kEngineDvdauthor) {
-    findings << Finding{
-        Severity::Error, {}, u"Projects for MuxMan cannot be authored yet. Please choose dvdauthor as authoring engine."_s};
+    findings << Finding{Severity::Error,
+                        {},
+                        u"Projects for MuxMan cannot be authored yet. Please choose dvdauthor as authoring engine."_s};
   }
   if (settings.NeroBurn) {
     findings << Finding{
@@ -47,8 +48,9 @@ QList<Finding> IdleFileFindings(const Project& project) {
   for (const QString& path : ResourcePaths(project)) {
     if (needed.contains(path) || HostFiles::FileExists(path)) continue;
     findings << Finding{
-        Severity::Warning, {}, u"The file %1, which the project names but the disc does not need, is missing."_s.arg(
-                                   HostFiles::ToHost(path))};
+        Severity::Warning,
+        {},
+        u"The file %1, which the project names but the disc does not need, is missing."_s.arg(HostFiles::ToHost(path))};
   }
   return findings;
 }

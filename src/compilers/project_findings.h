@@ -10,7 +10,8 @@
 namespace torvane {
 
 /// Everything that can be known of a project before a disc is made of it, in the order in which the user should look at
-/// it: what cannot be authored at all, menus that are not there, limits, sources, films, names and texts, buttons, commands.
+/// it: what cannot be authored at all, menus that are not there, limits, sources, films, names and texts, buttons,
+/// commands.
 ///
 /// With PlanUse::Run an error refuses. With PlanUse::WriteOnly files that the machine lacks and limits of the tools are
 /// warnings, as the batches may run elsewhere. PlanUse::SyntaxCheck looks at what the control file needs,

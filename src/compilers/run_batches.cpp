@@ -43,8 +43,8 @@ QByteArray IsoBatch(const QString& isoFile, BatchUse use, LineValues& values) {
     }
   }
   out.Line("echo create ISO image");
-  out.Line(out.Tool(u"mkisofs.exe") + " -dvd-video -V " + out.Name(settings.ISO_Name) + " -udf -o " + out.Path(isoFile) +
-           " " + out.Path(settings.OutDir + u"\\DVD"));
+  out.Line(out.Tool(u"mkisofs.exe") + " -dvd-video -V " + out.Name(settings.ISO_Name) + " -udf -o " +
+           out.Path(isoFile) + " " + out.Path(settings.OutDir + u"\\DVD"));
   return out.Bytes();
 }
 
@@ -61,7 +61,8 @@ QByteArray MainBatch(const QStringList& batchList, LineValues& values) {
   BatchLines out(values);
   for (int message = 118; message <= 128; ++message) out.Line(BatchLines::Message(message));
   out.Line("REM");
-  for (const QString& name : batchList) out.Line((IsBurnBatch(name) ? "REM Call " : BatchPiece("Call ")) + out.Word(name));
+  for (const QString& name : batchList)
+    out.Line((IsBurnBatch(name) ? "REM Call " : BatchPiece("Call ")) + out.Word(name));
   return out.Bytes();
 }
 

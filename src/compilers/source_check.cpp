@@ -74,8 +74,8 @@ class SourceList {
     ofMenu(MediaUse::Picture, menu_node::BackgroundPath, u", background"_s);
     ofMenu(MediaUse::Sound, menu_node::BackgroundAudio, u", sound"_s);
     for (const PictureView& image : menu.Images()) {
-      Add(MediaUse::Picture, ElementNodeKey(image.Key(), element_node::File), place + u", image %1"_s.arg(image.Number()),
-          image.Text(element_node::File).value_or(QString()));
+      Add(MediaUse::Picture, ElementNodeKey(image.Key(), element_node::File),
+          place + u", image %1"_s.arg(image.Number()), image.Text(element_node::File).value_or(QString()));
       AddMask(image, image.Mask(), place + u", mask of image %1"_s.arg(image.Number()));
     }
     for (const ButtonView& button : menu.Buttons()) {
@@ -130,7 +130,9 @@ class FileJudge {
 
 }  // namespace
 
-QList<ProjectSource> DiscSources(const Project& project) { return SourceList(project).Gather(); }
+QList<ProjectSource> DiscSources(const Project& project) {
+  return SourceList(project).Gather();
+}
 
 QList<Finding> SourceFindings(const Project& project) {
   FileJudge judge(project.Settings);

@@ -15,8 +15,8 @@ constexpr std::array<QStringView, 13> kFormatAttributes{
     u"left-margin",  u"right-margin", u"top-margin",  u"bottom-margin",        u"movie-fps",
     u"subtitle-fps", u"movie-width",  u"movie-height"};
 
-/// The attributes of a subtitle format string of 13 fields separated by "/", a line each without a line break behind the
-/// last.
+/// The attributes of a subtitle format string of 13 fields separated by "/", a line each without a line break behind
+/// the last.
 QString Attributes(const QString& format) {
   const QStringList fields = format.split(u'/');
   QStringList lines;

@@ -172,6 +172,8 @@ class BatchWriter {
 
 }  // namespace
 
-VideoBatch WriteVideoBatch(const Project& project, LineValues& values) { return BatchWriter(project, values).Write(); }
+VideoBatch WriteVideoBatch(const Project& project, LineValues& values) {
+  return BatchWriter(project, values).Write();
+}
 
 }  // namespace torvane

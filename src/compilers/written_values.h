@@ -10,13 +10,13 @@ namespace torvane {
 
 /// What the writers of a run say to a project.
 struct WrittenValues {
-  QList<Finding> Refused;     ///< values that would break out of their place in a batch or control file
-  QList<TempFile> TempFiles;  ///< what the batches and control files name in `TempDir`; some more than once
+  QList<Finding> Refused;        ///< values that would break out of their place in a batch or control file
+  QList<TempFile> TempFiles;     ///< what the batches and control files name in `TempDir`; some more than once
   QList<NodeCommands> Commands;  ///< of all menus and films
 };
 
-/// Lets every writer of batches and control files write, and keeps nothing of the text. Nothing else knows which values go
-/// where.
+/// Lets every writer of batches and control files write, and keeps nothing of the text. Nothing else knows which values
+/// go where.
 WrittenValues TryWriters(const Project& project);
 
 }  // namespace torvane

@@ -3,10 +3,10 @@
 #include <QRegularExpression>
 #include <array>
 
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/menu_view.h"
 #include "core/text.h"
-#include "core/engine.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -8,7 +8,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-QString WithDoubledPercent(QString text) { return text.replace(u'%', u"%%"_s); }
+QString WithDoubledPercent(QString text) {
+  return text.replace(u'%', u"%%"_s);
+}
 
 }  // namespace
 
@@ -28,8 +30,12 @@ BatchPiece BatchLines::WholeNumber(const QString& number, const QString& key) {
   return BatchPiece(WithDoubledPercent(values_.WholeNumber(number, key)).toUtf8());
 }
 
-BatchPiece BatchLines::Decimal(double number, int places) { return BatchPiece(QByteArray::number(number, 'f', places)); }
+BatchPiece BatchLines::Decimal(double number, int places) {
+  return BatchPiece(QByteArray::number(number, 'f', places));
+}
 
-BatchPiece BatchLines::Message(int number) { return BatchPiece(WithDoubledPercent(GetMessage(number)).toUtf8()); }
+BatchPiece BatchLines::Message(int number) {
+  return BatchPiece(WithDoubledPercent(GetMessage(number)).toUtf8());
+}
 
 }  // namespace torvane

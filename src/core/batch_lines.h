@@ -4,13 +4,13 @@
 #include <QString>
 #include <cstddef>
 
-#include "core/line_values.h"
 #include "core/line_text.h"
+#include "core/line_values.h"
 
 namespace torvane {
 
-/// A piece of a line of a batch: text that stands in the program itself, or a value that BatchLines let through. There is
-/// no other way to make one.
+/// A piece of a line of a batch: text that stands in the program itself, or a value that BatchLines let through. There
+/// is no other way to make one.
 class BatchPiece {
  public:
   template <std::size_t N>

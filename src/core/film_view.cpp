@@ -26,7 +26,9 @@ bool FilmView::IsAudioTitleSet() const {
   return root && root->Caption().contains(kAudioTitleSetMark);
 }
 
-bool FilmView::NeedsMux() const { return Val(Text(film_node::Mux).value_or(QString())) == 1; }
+bool FilmView::NeedsMux() const {
+  return Val(Text(film_node::Mux).value_or(QString())) == 1;
+}
 
 std::optional<QString> FilmView::Audio(int stream) const {
   return TextAt(FilmAudioKey(film_, stream), FilmAudioLabel(stream).size());

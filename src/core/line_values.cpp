@@ -29,13 +29,15 @@ void LineValues::Refuse(const QString& key, const QString& text) {
 QString LineValues::Path(const QString& path, const QString& key) {
   if (IsDosPath(path)) return path;
   if (key.isEmpty()) {
-    Refuse(key, u"\"%1\" is no path that a generated file can name: it must begin with a drive and hold no quote and no "
-                u"control character. Please change the directory or file in the settings."_s.arg(Shown(path)));
+    Refuse(key,
+           u"\"%1\" is no path that a generated file can name: it must begin with a drive and hold no quote and no "
+           u"control character. Please change the directory or file in the settings."_s.arg(Shown(path)));
   } else if (path.isEmpty()) {
     Refuse(key, u"Node %1 names no file. Please choose one."_s.arg(key));
   } else {
-    Refuse(key, u"Node %1 names \"%2\", which is no path of a file: it must begin with a drive, hold no quote and no "
-                u"control character, and not end in \"|\". Please choose the file anew."_s.arg(key, Shown(path)));
+    Refuse(key,
+           u"Node %1 names \"%2\", which is no path of a file: it must begin with a drive, hold no quote and no "
+           u"control character, and not end in \"|\". Please choose the file anew."_s.arg(key, Shown(path)));
   }
   return path;
 }
@@ -55,12 +57,13 @@ QString LineValues::Name(const QString& name, const QString& key) {
   static const QRegularExpression kForbidden(u"[\"/\\\\:*?<>|]"_s);
   if (!name.isEmpty() && !name.contains(kForbidden) && !HasControlCharacters(name)) return name;
   if (key.isEmpty()) {
-    Refuse(key, u"The setting ISO_Name is \"%1\". No file can have that name: please take out quotes, control characters "
-                u"and / \\ : * ? < > |."_s.arg(Shown(name)));
+    Refuse(key,
+           u"The setting ISO_Name is \"%1\". No file can have that name: please take out quotes, control characters "
+           u"and / \\ : * ? < > |."_s.arg(Shown(name)));
   } else {
-    Refuse(key, u"Node %1 holds the name \"%2\". Its temporary files cannot have that name: please give another one, "
-                u"without quotes, control characters and / \\ : * ? < > |, with edit-title --name."_s.arg(key,
-                                                                                                        Shown(name)));
+    Refuse(key,
+           u"Node %1 holds the name \"%2\". Its temporary files cannot have that name: please give another one, "
+           u"without quotes, control characters and / \\ : * ? < > |, with edit-title --name."_s.arg(key, Shown(name)));
   }
   return name;
 }
@@ -68,7 +71,8 @@ QString LineValues::Name(const QString& name, const QString& key) {
 QString LineValues::Word(const QString& word, const QString& key) {
   static const QRegularExpression kWord(u"\\A[A-Za-z0-9._]+\\z"_s);
   if (!word.contains(kWord)) {
-    Refuse(key, u"\"%1\" cannot stand in a line of a batch: only letters, digits, \".\" and \"_\" can."_s.arg(Shown(word)));
+    Refuse(key,
+           u"\"%1\" cannot stand in a line of a batch: only letters, digits, \".\" and \"_\" can."_s.arg(Shown(word)));
   }
   return word;
 }
@@ -83,8 +87,9 @@ QString LineValues::WholeNumber(const QString& number, const QString& key) {
 
 QString LineValues::Attribute(const QString& value, const QString& key) {
   if (value.contains(u'"') || value.contains(u'<') || HasControlCharacters(value)) {
-    Refuse(key, u"Node %1 holds \"%2\", which cannot stand in a control file: please take out quotes, \"<\" and control "
-                u"characters."_s.arg(key, Shown(value)));
+    Refuse(key,
+           u"Node %1 holds \"%2\", which cannot stand in a control file: please take out quotes, \"<\" and control "
+           u"characters."_s.arg(key, Shown(value)));
   }
   return value;
 }
@@ -93,8 +98,9 @@ QString LineValues::Commands(const QString& commands, const QString& key) {
   commands_ << NodeCommands{key, commands};
   const qsizetype tag = TagInCommand(commands);
   if (tag >= 0) {
-    Refuse(key, u"The commands of node %1 would end their place in the control file at \"%2\". Please put a blank behind "
-                u"the \"<\" if it compares numbers."_s.arg(key, Shown(commands.sliced(tag))));
+    Refuse(key,
+           u"The commands of node %1 would end their place in the control file at \"%2\". Please put a blank behind "
+           u"the \"<\" if it compares numbers."_s.arg(key, Shown(commands.sliced(tag))));
   }
   QString lines = commands;
   lines.remove(u'\r').remove(u'\n').remove(u'\t');
@@ -106,8 +112,10 @@ QString LineValues::Commands(const QString& commands, const QString& key) {
 
 QString LineValues::Comment(const QString& text, const QString& key) {
   if (text.contains(u"-->") || HasControlCharacters(text)) {
-    Refuse(key, u"Node %1 is called \"%2\", which cannot stand in a comment of the control file: please take out \"-->\" and "
-                u"control characters, or switch CommentXML off."_s.arg(key, Shown(text)));
+    Refuse(
+        key,
+        u"Node %1 is called \"%2\", which cannot stand in a comment of the control file: please take out \"-->\" and "
+        u"control characters, or switch CommentXML off."_s.arg(key, Shown(text)));
   }
   return text;
 }

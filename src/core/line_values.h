@@ -23,9 +23,9 @@ struct NodeCommands {
   bool operator==(const NodeCommands&) const = default;
 };
 
-/// The gate between a project and generated text: each value that goes into a line of a batch or a control file passes the
-/// function of its kind, which refuses what would break out of its place. A value comes back as it is; what was refused
-/// is collected, and a text with refused values must be neither written nor run.
+/// The gate between a project and generated text: each value that goes into a line of a batch or a control file passes
+/// the function of its kind, which refuses what would break out of its place. A value comes back as it is; what was
+/// refused is collected, and a text with refused values must be neither written nor run.
 ///
 /// `key` is the node that holds the value, "" for one of the settings.
 class LineValues {

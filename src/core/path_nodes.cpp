@@ -66,7 +66,9 @@ const std::array kForms{
     KeyForm{false, kIntroAudioKey, false, {}, {}},
 };
 
-bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+bool IsDigit(QChar c) {
+  return c >= u'0' && c <= u'9';
+}
 
 /// What stands behind the menu's key; "" for a key of no menu.
 QStringView BehindMenu(QStringView key) {
@@ -80,8 +82,8 @@ bool Fits(const KeyForm& form, QStringView text) {
   if (!text.startsWith(form.start) || !text.endsWith(form.end)) return false;
   const qsizetype length = text.size() - form.start.size() - form.end.size();
   if (!form.numbered) return length == 0;
-  return length > 0 && std::ranges::all_of(text.sliced(form.start.size(), length),
-                                           [](QChar c) { return IsDigit(c) || c == u'#'; });
+  return length > 0 &&
+         std::ranges::all_of(text.sliced(form.start.size(), length), [](QChar c) { return IsDigit(c) || c == u'#'; });
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ enum class PathKind { Background, Picture, Animation, Video, Sound, Subtitle, Ma
 /// Where a node keeps the path of a file.
 struct PathPlace {
   PathKind kind = PathKind::Other;
-  bool inTag = false;     ///< the tag is the path; else it stands in the caption
+  bool inTag = false;      ///< the tag is the path; else it stands in the caption
   QStringView label = {};  ///< in front of the path in the caption
 };
 

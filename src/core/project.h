@@ -42,7 +42,7 @@ struct ProjectState {
 /// Settings that were given for this run of the program and that projects carry as well. They win over a project's own,
 /// and a save keeps the project's own.
 struct GivenSettings {
-  SettingTexts texts = {};        ///< by key
+  SettingTexts texts = {};         ///< by key
   torvane::Settings without = {};  ///< the user's settings as they are without them
 };
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "core/engine.h"
 #include "core/default_project.h"
 #include "core/edit.h"
+#include "core/engine.h"
 #include "core/messages.h"
 #include "core/project_difference.h"
 #include "core/settings_table.h"
@@ -118,13 +118,13 @@ void TakeGivenSettings(Project& project) {
 Settings CarriedSettings(const Project& project) {
   Settings carried = project.Settings;
   if (!project.LoadedSettings) return carried;
-  const auto& [own, inForce] = *project.LoadedSettings;
+  const Project::Loaded& loaded = *project.LoadedSettings;
   for (const SettingRow& row : SettingsTable()) {
     if (row.project.element == 0) continue;
     // What an edit has changed since is the project's own as well.
     std::visit(
         [&](auto member) {
-          if (project.Settings.*member == inForce.*member) carried.*member = own.*member;
+          if (project.Settings.*member == loaded.inForce.*member) carried.*member = loaded.own.*member;
         },
         row.member);
   }

@@ -89,8 +89,7 @@ QStringList FixResourcePaths(Project& project, const QString& projectDir) {
 
 QStringList ResourcePaths(const Project& project) {
   QStringList paths;
-  ForEachPath(project.Tree,
-              [&paths](const ProjectNode&, const PathPlace&, const QString& path) { paths << path; });
+  ForEachPath(project.Tree, [&paths](const ProjectNode&, const PathPlace&, const QString& path) { paths << path; });
   paths.removeDuplicates();
   return paths;
 }

@@ -70,7 +70,8 @@ constexpr auto kSettings = std::to_array<SettingRow>({
         .Means(u"1 lets actions and commands of menus and films be written by hand."),
     Flag(u"EditXML", &Settings::EditXML).Means(u"1 shows the control file for changes before a run."),
     Flag(u"CommentXML", &Settings::CommentXML).Means(u"1 writes comments into the control file."),
-    Flag(u"ShortDVDALog", &Settings::ShortDVDALog).Means(u"1 shortens what dvdauthor says, which also takes most warnings away."),
+    Flag(u"ShortDVDALog", &Settings::ShortDVDALog)
+        .Means(u"1 shortens what dvdauthor says, which also takes most warnings away."),
     Flag(u"KeepLogFile", &Settings::KeepLogFile).Means(u"1 adds the log of each run to the file TVNLogFile."),
     Path(u"TVNLogFile", &Settings::TVNLogFile)
         .Means(u"The file that collects the logs of all runs; empty is the one of the program."),
@@ -107,9 +108,9 @@ constexpr auto kSettings = std::to_array<SettingRow>({
         .Means(u"Pictures that the film of a still menu has."),
     Flag(u"AdjNTSCtc", &Settings::AdjNTSCtc, {5, 10, u"ADJNTSCTC"})
         .Means(u"1 adjusts the chapter times of NTSC films to their real length."),
-    Flag(u"UseInsnavForMenus", &Settings::UseInsnavForMenus)
-        .Means(u"1 uses insnav for still menus with sound."),
-    Flag(u"ForceSCR", &Settings::ForceSCR).Means(u"1 forces dvdauthor through the error of a clock that moves backwards; use with care."),
+    Flag(u"UseInsnavForMenus", &Settings::UseInsnavForMenus).Means(u"1 uses insnav for still menus with sound."),
+    Flag(u"ForceSCR", &Settings::ForceSCR)
+        .Means(u"1 forces dvdauthor through the error of a clock that moves backwards; use with care."),
     Flag(u"LoopSyntax", &Settings::LoopSyntax, {5, 1, u"LOOPSYNTAX"})
         .Means(u"1 lets menus loop by a jump to the menu, which more players take."),
     Flag(u"VideoNormPal", &Settings::VideoNormPal, {1, 1, u"NORM"}).Means(u"The norm: 1 is PAL, 0 is NTSC."),

@@ -2,7 +2,6 @@
 
 #include <QRegularExpression>
 
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace torvane {

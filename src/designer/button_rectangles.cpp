@@ -55,7 +55,9 @@ ButtonRectangle RectangleOf(const ButtonView& button, FrameMode frameMode, const
   return frameMode == FrameMode::Fill ? OfText(text, settings) : OfFrame(text, settings);
 }
 
-bool IsEmpty(const Edges& edges) { return edges.Left >= edges.Right || edges.Top >= edges.Bottom; }
+bool IsEmpty(const Edges& edges) {
+  return edges.Left >= edges.Right || edges.Top >= edges.Bottom;
+}
 
 bool IsInside(const Edges& edges, int height) {
   return edges.Left >= 0 && edges.Top >= 0 && edges.Right <= kMenuWidth && edges.Bottom <= height;
@@ -89,7 +91,8 @@ std::vector<ButtonRectangle> ButtonRectangles(const MenuView& menu, const Settin
 
 std::vector<RectangleFault> RectangleFaults(std::span<const ButtonRectangle> rectangles, int height) {
   std::vector<RectangleFault> faults;
-  for (std::size_t i = 0; i < rectangles.size(); ++i) std::ranges::copy(FaultsOf(rectangles, i, height), std::back_inserter(faults));
+  for (std::size_t i = 0; i < rectangles.size(); ++i)
+    std::ranges::copy(FaultsOf(rectangles, i, height), std::back_inserter(faults));
   return faults;
 }
 

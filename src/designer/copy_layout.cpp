@@ -149,8 +149,7 @@ class LayoutCopy {
   NodeData Saved(Attribute attribute) const {
     const QString key = MenuNodeKey(menu_, attribute);
     const ProjectNode* node = tree_.Find(key);
-    return {key, node ? node->Caption() : QString(), node ? node->Tag() : QString(),
-            node ? node->Image() : 0};
+    return {key, node ? node->Caption() : QString(), node ? node->Tag() : QString(), node ? node->Image() : 0};
   }
 
   /// Puts a saved node of the background back; one without a value goes.

@@ -62,9 +62,8 @@ bool PlaceFilmButton(EditContext& context, const ElementPlace& place, NewButton&
     const int width = context.measure(settings.DefaultFont, button.text).width() - excess;
     const QString whole = button.text;
     button.text = Wrapped(whole, width, kMostLines, settings.DefaultFont, context.measure);
-    context.prompter.Inform(
-        u"The text of the button \"%1\" is too wide for its place and becomes \"%2\"."_s.arg(
-            whole, QString(button.text).replace(u"\r\n"_s, u" / "_s)));
+    context.prompter.Inform(u"The text of the button \"%1\" is too wide for its place and becomes \"%2\"."_s.arg(
+        whole, QString(button.text).replace(u"\r\n"_s, u" / "_s)));
   }
   return PlaceButton(context, place, button);
 }

@@ -25,8 +25,8 @@ struct ElementPlace {
   std::optional<ButtonStyle> style = {};  ///< as the settings say when missing
 };
 
-/// Gives a new button its style, and its position: the place's own, as it is, or a free one (see PlaceFinder). False when the
-/// menu has none, which has been told.
+/// Gives a new button its style, and its position: the place's own, as it is, or a free one (see PlaceFinder). False
+/// when the menu has none, which has been told.
 bool PlaceButton(EditContext& context, const ElementPlace& place, NewButton& button);
 
 /// The same for the button of a film: a text that would pass the right edge of the frame is wrapped at its blanks, and

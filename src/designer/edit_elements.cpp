@@ -150,8 +150,8 @@ QStringList BeyondTheGrid(const Project& project, const QString& menu) {
   const auto collect = [&](const auto& elements) {
     for (const auto& element : elements) {
       const QRect place = ElementRectangle(element.Drawing());
-      const bool passes = place.x() + place.width() > kRightMargin ||
-                          place.y() + place.height() > MenuHeight(project.Settings);
+      const bool passes =
+          place.x() + place.width() > kRightMargin || place.y() + place.height() > MenuHeight(project.Settings);
       if (passes) keys << element.Key();
     }
   };
@@ -203,8 +203,8 @@ bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& pla
   const bool isTitle = film.IsAudioTitleSet();
   const QString time = isTitle ? QString() : film.Chapters().split(u',', Qt::SkipEmptyParts).value(chapter - 1);
   NewButton button{.kind = isTitle ? ButtonKind::Title : ButtonKind::Chapter,
-                         .text = ChapterButtonText(project, chapter, time),
-                         .action = ChapterButtonAction(project.Tree, titleSet, chapter, project.Settings)};
+                   .text = ChapterButtonText(project, chapter, time),
+                   .action = ChapterButtonAction(project.Tree, titleSet, chapter, project.Settings)};
   if (!CheckButton(context, place) || !PlaceButton(context, place, button)) return false;
   Edit edit(project, u"Add chapter button"_s);
   ElementPlace fixed = place;

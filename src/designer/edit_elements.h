@@ -29,8 +29,8 @@ bool AddChapterButton(EditContext& context, int chapter, const ElementPlace& pla
                       ChapterPicture picture = ChapterPicture::None);
 
 /// Adds buttons for chapters in the places of a grid, rows from the top, until either runs out or the menu is full,
-/// which is told. One step of undo. False when none was added: for a text that is no grid (GridLayoutFaults), or a button
-/// that would pass the right margin or the lower edge (message 682).
+/// which is told. One step of undo. False when none was added: for a text that is no grid (GridLayoutFaults), or a
+/// button that would pass the right margin or the lower edge (message 682).
 bool AddChapterGrid(EditContext& context, const std::vector<int>& chapters, const QString& gridLayout,
                     const ElementPlace& place, ChapterPicture picture = ChapterPicture::None);
 

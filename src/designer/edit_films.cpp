@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "core/action_strings.h"
-#include "core/engine.h"
 #include "core/default_project.h"
 #include "core/edit.h"
+#include "core/engine.h"
 #include "core/film_view.h"
 #include "core/messages.h"
 #include "core/text.h"
@@ -39,8 +39,8 @@ QString ButtonTextOf(QString name) {
   return name.replace(u'_', u' ');
 }
 
-/// Button, film nodes and titleset menu. The action can only be told when the button stands in its place. False when it finds
-/// none; nothing has happened then.
+/// Button, film nodes and titleset menu. The action can only be told when the button stands in its place. False when it
+/// finds none; nothing has happened then.
 bool AddFilmWithMenus(EditContext& context, const QString& name, const ElementPlace& place,
                       const std::function<void(int button)>& addSubtree,
                       const std::function<QString(int button)>& action) {

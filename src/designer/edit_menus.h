@@ -17,8 +17,8 @@ struct SubMenuChoice {
 /// "SubMenu", "Chapter(ptt)", "Audio", "Subtitle", "Angle".
 QStringList MenuTypes();
 
-/// The types that a new submenu made from `menu` may have: in a titleset all but "SubMenu" exist once, in the main family
-/// "SubMenu" is the only one.
+/// The types that a new submenu made from `menu` may have: in a titleset all but "SubMenu" exist once, in the main
+/// family "SubMenu" is the only one.
 QStringList AvailableMenuTypes(const Project& project, const QString& menu);
 
 /// Adds a submenu to the family of the place's menu, with the button there that leads to it and a Back button in it.

@@ -58,9 +58,7 @@ class PlaceFinder::Trial {
     SetCoordinate(scratch_.Tree, key, drawing_node::Top, position.y());
   }
 
-  QRect Area() const {
-    return ElementRectangle(DrawingView(scratch_.Tree, ButtonPropertiesKey(menu_, number_)));
-  }
+  QRect Area() const { return ElementRectangle(DrawingView(scratch_.Tree, ButtonPropertiesKey(menu_, number_))); }
   std::optional<QRect> LabelArea() const {
     if (!label_) return std::nullopt;
     return QRect(ButtonLabelPosition(Area(), *label_, scratch_.Settings), *label_);

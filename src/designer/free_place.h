@@ -10,10 +10,10 @@
 
 namespace torvane {
 
-/// Finds where a new element of a menu can stand when the user gave no place: the next place of the grid of the settings, or
-/// else the first spot of the menu's raster from the top left, where the element lies inside the frame and on no button or
-/// label, and a button keeps the rules of the menu's buttons. Pictures and animations may lie beneath. Nothing when the menu
-/// is full. The project is not changed.
+/// Finds where a new element of a menu can stand when the user gave no place: the next place of the grid of the
+/// settings, or else the first spot of the menu's raster from the top left, where the element lies inside the frame and
+/// on no button or label, and a button keeps the rules of the menu's buttons. Pictures and animations may lie beneath.
+/// Nothing when the menu is full. The project is not changed.
 class PlaceFinder {
  public:
   PlaceFinder(const Project& project, const QString& menu);
@@ -40,9 +40,9 @@ class PlaceFinder {
   const Project& project_;
   QString menu_;
   QRect frame_;
-  std::vector<QPoint> grid_;             ///< in the order in which they are tried
-  std::vector<QRect> taken_;             ///< areas of buttons and labels
-  std::vector<ButtonRectangle> rules_;   ///< rectangles of the menu's buttons
+  std::vector<QPoint> grid_;            ///< in the order in which they are tried
+  std::vector<QRect> taken_;            ///< areas of buttons and labels
+  std::vector<ButtonRectangle> rules_;  ///< rectangles of the menu's buttons
 };
 
 }  // namespace torvane

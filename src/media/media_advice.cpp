@@ -58,8 +58,8 @@ class Conversion {
   QString Source() const { return Word(path_); }
   QString Both(const QString& picture) const {
     if (streams_ == Streams::Multiplexed) {
-      return u"ffmpeg -i %1 -map 0:v:0 -map \"0:a:0?\" %2 -c:a ac3 -b:a 448k -ar 48000 -f dvd %3"_s.arg(Source(), picture,
-                                                                                                    Target(u"mpg"_s));
+      return u"ffmpeg -i %1 -map 0:v:0 -map \"0:a:0?\" %2 -c:a ac3 -b:a 448k -ar 48000 -f dvd %3"_s.arg(
+          Source(), picture, Target(u"mpg"_s));
     }
     return u"ffmpeg -i %1 -map 0:v:0 %2 -f mpeg2video %3 && %4"_s.arg(Source(), picture, Target(u"m2v"_s), Sound());
   }

@@ -171,8 +171,9 @@ Result<QByteArray> HostFiles::ReadAtMost(const QString& dosPath, qint64 most) {
   if (file.error() != QFileDevice::NoError) return Failure{HostReason(file.fileName(), file.errorString())};
   const qint64 size = std::max<qint64>(file.size(), content.size());
   if (size <= most) return content;
-  return Failure{HostReason(file.fileName(), u"has more than %1 MB; at most %2 are read"_s.arg((size - 1) / kMegabyte)
-                                                 .arg(most / kMegabyte))};
+  return Failure{
+      HostReason(file.fileName(),
+                 u"has more than %1 MB; at most %2 are read"_s.arg((size - 1) / kMegabyte).arg(most / kMegabyte))};
 }
 
 Status HostFiles::WriteAtomically(const QString& dosPath, const QByteArray& content) {

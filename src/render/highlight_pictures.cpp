@@ -79,7 +79,8 @@ void AddIndexed(std::vector<MenuPicture>& pictures, QImage plane, const Highligh
 
 }  // namespace
 
-std::vector<MenuPicture> SubpicturesOf(const MenuPlanes& planes, const HighlightStyle& style, const Settings& settings) {
+std::vector<MenuPicture> SubpicturesOf(const MenuPlanes& planes, const HighlightStyle& style,
+                                       const Settings& settings) {
   std::vector<MenuPicture> pictures;
   if (style.Blur.Use) {
     AddIndexed(pictures, Softened(planes.Highlight, style.Blur), style, u".png"_s);

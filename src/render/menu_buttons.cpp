@@ -99,7 +99,8 @@ class ButtonDrawing {
     for (const TextLine& line : painter.Lines(button_.Caption(), text_, geometry_.Align)) {
       const LineCoverage coverage = painter.Draw(line, planes.Visible.size());
       if (selectable) {
-        ForLettering(planes, [&](QImage& plane) { PrintHighlight(plane, line.position, coverage, outline.has_value()); });
+        ForLettering(planes,
+                     [&](QImage& plane) { PrintHighlight(plane, line.position, coverage, outline.has_value()); });
       }
       if (!button_.NormVis()) continue;
       if (outline) {

@@ -13,8 +13,8 @@ namespace torvane {
 struct MenuPlanes {
   QImage Visible;    ///< what the viewer sees while nothing is selected
   QImage Highlight;  ///< what lights up, on black: text, fills and masks in pure red, frames in pure green
-  /// For the letterbox, null where there is none. Frames and fills are drawn at their own size there, since a frame's line
-  /// would vanish when it is squeezed.
+  /// For the letterbox, null where there is none. Frames and fills are drawn at their own size there, since a frame's
+  /// line would vanish when it is squeezed.
   QImage Lettering = {};        ///< the highlight without frames and fills, in the menu's frame
   QImage LetterboxFrames = {};  ///< frames and fills as they lie in the letterbox
 };

@@ -31,8 +31,8 @@ void MultiplexLines(BatchLines& out, const MenuView& menu, const Settings& setti
   const QString audio = menu.Text(menu_node::BackgroundAudio).value_or(QString());
   const bool insnav = !audio.isEmpty() && NeedsInsnav(menu, settings);
 
-  const BatchPiece line = out.Tool(u"mplex.exe") + " -M -f 8 -o " + file(insnav ? u"BackgN.mpg" : u"Backg.mpg") + " " +
-                          file(u"Backg.m2v");
+  const BatchPiece line =
+      out.Tool(u"mplex.exe") + " -M -f 8 -o " + file(insnav ? u"BackgN.mpg" : u"Backg.mpg") + " " + file(u"Backg.m2v");
   const QString audioKey = MenuNodeKey(menu.Key(), menu_node::BackgroundAudio);
   out.Line(audio.isEmpty() ? line : line + " " + out.Path(audio, audioKey));
   if (!insnav) return;
@@ -88,8 +88,8 @@ QByteArray EmptyMenuBatch(LineValues& values) {
   const auto file = [&](QStringView name) { return out.Temp(u"Empty" + name); };
   out.Line("@echo off");
   out.Line("echo *creating EmptyBackg.m2v");
-  out.Line(out.Tool(u"jpeg2yuv.exe") + " -n 1 -I t -L 1 -f " + FrameRate(settings) + " -j " + file(u"Backg.jpg") + " | " +
-           out.Tool(u"mpeg2enc.exe") + " -f 8 -q 1 -b 3000 -a " + AspectCode(settings.DefMenuRatio) + " -n " +
+  out.Line(out.Tool(u"jpeg2yuv.exe") + " -n 1 -I t -L 1 -f " + FrameRate(settings) + " -j " + file(u"Backg.jpg") +
+           " | " + out.Tool(u"mpeg2enc.exe") + " -f 8 -q 1 -b 3000 -a " + AspectCode(settings.DefMenuRatio) + " -n " +
            Norm(settings) + " -o " + file(u"Backg.m2v"));
   out.Line("echo *mux to EmptyBackg.mpg");
   out.Line(out.Tool(u"mplex.exe") + " -M -f 8 -o " + file(u"Backg.mpg") + " " + file(u"Backg.m2v"));

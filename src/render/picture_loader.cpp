@@ -11,8 +11,8 @@ namespace torvane {
 
 namespace {
 
-/// True for a PNG or JPEG file whose end is missing. The readers draw the rest of such a picture grey, or complain on the
-/// terminal by themselves.
+/// True for a PNG or JPEG file whose end is missing. The readers draw the rest of such a picture grey, or complain on
+/// the terminal by themselves.
 bool IsCutOff(const QByteArray& content) {
   if (content.startsWith("\x89PNG")) return !content.contains("IEND");
   return content.startsWith("\xFF\xD8") && !content.contains("\xFF\xD9");

@@ -10,8 +10,8 @@
 
 namespace torvane {
 
-/// The picture in a file (DOS path) with Format_ARGB32, its first frame when it has several; the content decides of which
-/// format it is. Fails with the reason alone, without the path.
+/// The picture in a file (DOS path) with Format_ARGB32, its first frame when it has several; the content decides of
+/// which format it is. Fails with the reason alone, without the path.
 Result<QImage> ReadPicture(const QString& path);
 
 /// Loads the pictures that a menu or an audio titleset names, each once, and gathers what went wrong. A picture that cannot

@@ -80,7 +80,9 @@ void DrawArcs(const Canvas& canvas, const Corners& at, int width, QRgb color) {
   for (int b = 0; b < width; ++b) {
     int a = width - 1;
     while (std::lround(std::hypot(a, b)) >= width) --a;
-    AtCorners(at, [&](int x, int y, int dx, int dy) { Fill(canvas, {x, y + dy * b}, {x + dx * a, y + dy * b}, color); });
+    AtCorners(at, [&](int x, int y, int dx, int dy) {
+      Fill(canvas, {x, y + dy * b}, {x + dx * a, y + dy * b}, color);
+    });
   }
 }
 
@@ -118,7 +120,9 @@ void DrawPictureHard(QImage& plane, const QRect& target, const QImage& picture) 
   }
 }
 
-int SameLine(int y) { return y; }
+int SameLine(int y) {
+  return y;
+}
 
 void FillRectangle(QImage& plane, const QRect& rectangle, QRgb color, const LineMap& lines) {
   const Corners at(rectangle);

@@ -19,8 +19,8 @@ void DrawPicture(QImage& plane, const QRect& target, const QImage& picture);
 /// The same without mixing neighbour pixels: each pixel takes the colour at its centre.
 void DrawPictureHard(QImage& plane, const QRect& target, const QImage& picture);
 
-/// On which line of a plane a line of the menu's frame lies. Whatever is drawn there keeps each of its lines: lines that fall
-/// together make one.
+/// On which line of a plane a line of the menu's frame lies. Whatever is drawn there keeps each of its lines: lines
+/// that fall together make one.
 using LineMap = std::function<int(int)>;
 
 int SameLine(int y);

@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane {
 namespace {
 
-constexpr double kMplexHolds = 900;  // ms; mplex runs dry from 950 on with sound of 448 kbit a second
+constexpr double kMplexHolds = 900;  // ms; with sound of 448 kbit a second mplex has run dry at 990
 
 /// Copies a file of sound frames without the first of them. Fails when nothing is left.
 Status CopyWithoutFrames(const QString& sound, int frames, const QString& target) {

@@ -62,7 +62,8 @@ const ToolEntry* FindTool(const QString& stem) {
                 .plainValue = {u"-V"_s},
                 .outputOption = u"-o"_s},
       ToolEntry{.stem = u"insnav"_s, .outputOption = u"-o"_s, .own = &kInsnav},
-      ToolEntry{.stem = u"requant"_s, .program = u"ffmpeg"_s, .package = u"ffmpeg"_s, .outputPlace = 3, .own = &kRequant},
+      ToolEntry{
+          .stem = u"requant"_s, .program = u"ffmpeg"_s, .package = u"ffmpeg"_s, .outputPlace = 3, .own = &kRequant},
       ToolEntry{.stem = u"sup2png"_s, .own = &kSup2Png},
       ToolEntry{.stem = u"muxman"_s},
       ToolEntry{.stem = u"hcenc"_s},

@@ -25,7 +25,7 @@ TEST_F(SettingsCommandsTest, StoresValuesAndShowsThem) {
   ASSERT_EQ(Run(u"settings list"_s), kExitDone);
   EXPECT_TRUE(out_.startsWith(u"# Language of the messages: 1000 is English, 2000 German.\nLangID=1000\n"));
   EXPECT_TRUE(out_.contains(u"\nRasterX=8\n# Vertical step of the raster, in pixels.\nRasterY=16\n"));
-  EXPECT_EQ(out_.count(u"\n# ") + 1, out_.count(u'=' ) - 1) << "each setting with its meaning; one value holds an =";
+  EXPECT_EQ(out_.count(u"\n# ") + 1, out_.count(u'=') - 1) << "each setting with its meaning; one value holds an =";
   EXPECT_TRUE(ParseSettingsFile(out_.toUtf8(), u"list"_s)) << "every default is a value of its setting";
 }
 
@@ -39,7 +39,8 @@ TEST_F(SettingsCommandsTest, RefusesWhatIsNoSettingAndStoresNothingThen) {
            {u"set LangID=3"_s, u"LangID takes 1000, 2000, not \"3\"."_s},
            {u"set RasterX=15"_s, u"RasterX takes an even number from 2 to 698, not 15."_s},
            {u"set NumStillFrames=0"_s, u"NumStillFrames takes a number from 1 to 99, not 0."_s},
-           {u"set AutoCropVal=1,2"_s, u"AutoCropVal takes one number such as 20 or four such as 16,8,-16,-8, not \"1,2\"."_s},
+           {u"set AutoCropVal=1,2"_s,
+            u"AutoCropVal takes one number such as 20 or four such as 16,8,-16,-8, not \"1,2\"."_s},
            {u"set DefShadow=dark"_s, u"DefShadow takes four numbers such as 128;5;6;0; and not \"dark\"."_s},
            {u"set DefaultFont=Arial"_s, u"DefaultFont takes a font such as Arial\\12\\0\\0\\0\\0, not \"Arial\"."_s},
            {u"set DefAnimGif=1;100"_s, u"DefAnimGif takes a mask such as 1;100;0;0;1;circle.gif, not \"1;100\"."_s},
@@ -56,9 +57,11 @@ TEST_F(SettingsCommandsTest, RefusesWhatIsNoSettingAndStoresNothingThen) {
            {u"set rasterx=8"_s, u"there is no setting \"rasterx\"; it is written \"RasterX\""_s},
            {u"set RasterX"_s, u"\"RasterX\" is not of the form KEY=VALUE"_s},
            {u"get Nothing"_s, u"there is no setting \"Nothing\""_s},
-           {u"get"_s, u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn in "
+           {u"get"_s,
+            u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn in "
             u"front for what a project carries)"_s},
-           {u"list all"_s, u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn in "
+           {u"list all"_s,
+            u"The command is: settings list, settings get KEY, or settings set KEY=VALUE... (settings project P.tvn in "
             u"front for what a project carries)"_s}}) {
     EXPECT_EQ(Run(u"settings " + arguments), kExitUsage) << arguments.toStdString();
     EXPECT_EQ(error_, u"torvane-cli: " + reason + u"\nTry: torvane-cli --help\n");
@@ -90,8 +93,9 @@ TEST_F(SettingsCommandsTest, WhatAProjectCarriesIsShownAndChanged) {
   ASSERT_EQ(Run(uR"(new C:\p)"_s), kExitDone);
   ASSERT_EQ(Run(uR"(settings project C:\p.tvn list)"_s), kExitDone);
   EXPECT_TRUE(out_.contains(u"\nVideoNormPal=1\n") && !out_.contains(u"OutDir=")) << out_.toStdString();
-  ASSERT_EQ(Run(uR"(settings project C:\p.tvn set VideoNormPal=0 BackButtonYpos=500 UseIntro=1 IntroMovie=C:\in.m2v)"_s),
-            kExitDone)
+  ASSERT_EQ(
+      Run(uR"(settings project C:\p.tvn set VideoNormPal=0 BackButtonYpos=500 UseIntro=1 IntroMovie=C:\in.m2v)"_s),
+      kExitDone)
       << error_.toStdString();
   EXPECT_EQ(Captions(uR"(C:\p.tvn)"_s, u"INTRO"_s), u"Intro\nC:\\in.m2v"_s);
   ASSERT_EQ(Run(uR"(settings project C:\p.tvn get BackButtonYpos)"_s), kExitDone);

@@ -36,7 +36,8 @@ TEST_F(AudioTitlesetTest, TheVideoBatchMakesAFilmOfEachTrack) {
 
   project_.Settings.DefMenuRatio = true;
   project_.Settings.VideoNormPal = false;
-  const QList<QByteArray> encoding = test::LinesWith(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch, "mpeg2enc");
+  const QList<QByteArray> encoding =
+      test::LinesWith(WriteVideoBatch(project_, test::Harmless(project_.Settings)).batch, "mpeg2enc");
   EXPECT_EQ(encoding[2], R"("C:\tools\png2yuv.exe" -n 1 -I p -L 0 -f 29.97 -j "C:\T\FPA2#01.png" | )"
                          R"("C:\tools\mpeg2enc.exe" -f 8 -q 1 -b 7000 -a 3 -o "C:\T\TempAudioMpg\FPA2#01.m2v")");
 }

@@ -90,7 +90,8 @@ TEST_F(AuthorXmlTest, AnAutoActionButtonIsSelectedAndHasItsFourPseudoButtons) {
 }
 
 TEST_F(AuthorXmlTest, TheSyntaxCheckNamesTestFilesInTheMainMenuOnly) {
-  ExpectGolden(WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck, test::Harmless(project_.Settings)), u"single_syntax_check.xml"_s);
+  ExpectGolden(WriteAuthorXmlSingle(project_, AuthorMode::SyntaxCheck, test::Harmless(project_.Settings)),
+               u"single_syntax_check.xml"_s);
 }
 
 TEST_F(AuthorXmlTest, OwnCommandsOfTheMainMenuReplaceTheGeneratedOnes) {

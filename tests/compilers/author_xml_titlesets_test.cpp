@@ -39,7 +39,9 @@ class AuthorXmlTitlesetsTest : public testing::Test, public test::EditBench {
     ASSERT_TRUE(AddAudioTitleSet(context, store, {}));
   }
 
-  QByteArray Text(AuthorMode mode = AuthorMode::Run) const { return WriteAuthorXmlTitlesets(project, mode, test::Harmless(project.Settings)); }
+  QByteArray Text(AuthorMode mode = AuthorMode::Run) const {
+    return WriteAuthorXmlTitlesets(project, mode, test::Harmless(project.Settings));
+  }
 };
 
 TEST_F(AuthorXmlTitlesetsTest, TwoFilmsWithASubmenu) {
@@ -114,7 +116,8 @@ TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPreOfARootMenu) {
     if (c.shows != OnlyBack) AddChapterButton(bench.context, 1, {.menu = u"TS1"_s});
     if (c.shows == AutoButton)
       SetAutoAction(bench.project, u"TS1"_s, kBackButton, AutoActions{u"a;"_s, u"b;"_s, u"c;"_s, u"d;"_s});
-    const QByteArray text = WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings));
+    const QByteArray text =
+        WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings));
     const qsizetype at = text.indexOf("<pre>", text.indexOf("entry=\"root\""));
     EXPECT_EQ(text.mid(at, c.lines.size()), c.lines);
   }
@@ -146,7 +149,8 @@ TEST_F(AuthorXmlTitlesetsTest, TheGeneratedPostOfATitle) {
       AddFilm(bench.context, {.Name = u"Film"_s, .VideoFile = u"C:\\v\\1.m2v"_s}, {});
     if (c.playAll) AddPlayAllButton(bench.context, {.position = QPoint(300, 300)});
     if (!c.onlyBack) AddChapterButton(bench.context, 1, {.menu = u"TS1"_s});
-    EXPECT_EQ(LinesWith(WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings)), "<post>"),
+    EXPECT_EQ(LinesWith(WriteAuthorXmlTitlesets(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings)),
+                        "<post>"),
               (QList<QByteArray>{"<post>" + c.first + "</post>", "<post>" + c.last + "</post>"}));
   }
 }

@@ -2,8 +2,8 @@
 #include <QGuiApplication>
 
 #include "compilers/disc_checks.h"
-#include "compilers/temporary_names.h"
 #include "compilers/pipeline.h"
+#include "compilers/temporary_names.h"
 #include "compilers/written_values.h"
 #include "core/project_mutations.h"
 #include "designer/edit_elements.h"

@@ -148,9 +148,11 @@ TEST_F(DiscChecksTest, ARunThatWouldDestroySourcesIsRefused) {
     return safe ? QString() : prompter.boxes.at(0).text;
   };
   EXPECT_EQ(refused(u"C:\\v\\a.m2v"_s), QString());
-  EXPECT_TRUE(refused(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"_s).contains(u"a.vob of the project lies in the folder of the disc"));
+  EXPECT_TRUE(
+      refused(u"C:\\o\\dvd\\VIDEO_TS\\a.vob"_s).contains(u"a.vob of the project lies in the folder of the disc"));
   ASSERT_TRUE(QFile::link(drive_.Host(u"O/DVD"_s), drive_.Host(u"v/disc"_s)));
-  EXPECT_TRUE(refused(u"C:\\v\\disc\\video_ts\\a.vob"_s).contains(u"a.vob of the project lies in the folder of the disc"));
+  EXPECT_TRUE(
+      refused(u"C:\\v\\disc\\video_ts\\a.vob"_s).contains(u"a.vob of the project lies in the folder of the disc"));
   EXPECT_EQ(refused(u"C:\\T\\a.m2v"_s), QString());
   EXPECT_TRUE(refused(u"C:\\T\\film2.mpg"_s).contains(u"C:\\T\\Film2.mpg"));
   project_.Settings.AutoDelete = true;
@@ -177,23 +179,25 @@ TEST_F(DiscChecksTest, SourcesThatTheVideoBatchWouldLoseAreRefused) {
   ASSERT_EQ(prompter.boxes.size(), 1U);
   const QStringList lines = prompter.boxes[0].text.split(u"\r\n"_s);
   ASSERT_EQ(lines.size(), 2);
-  EXPECT_TRUE(
-      lines[0].startsWith(u"The file " + image + u" is a source of the project and would be overwritten by a temporary"));
+  EXPECT_TRUE(lines[0].startsWith(u"The file " + image +
+                                  u" is a source of the project and would be overwritten by a temporary"));
   EXPECT_TRUE(lines[1].startsWith(u"The file " + song + u" is a source of the project and lies in a folder"));
 }
 
 TEST_F(DiscChecksTest, AFilmNamedLikeAFileOfTheProgramIsRefused) {
   test::AddNode(project_, u"FP1"_s, u"FP1S1|SubTitel1=C:\\v\\a.srt"_s);
-  const std::pair<QString, bool> names[] = {{u"*"_s, false},        {u"intro"_s, false},   {u"INTRO"_s, false},
-                                            {u"EmptyBackg"_s, false}, {u"MMMenu"_s, false},  {u"mm1backg"_s, false},
-                                            {u"MMBackgN"_s, false},   {u"film1_sub1"_s, false}, {u"Film1"_s, false},
-                                            {u"Author"_s, true},      {u"MM2Menu"_s, true},  {u"Film1_SUB2"_s, true}};
+  const std::pair<QString, bool> names[] = {
+      {u"*"_s, false},      {u"intro"_s, false},    {u"INTRO"_s, false},    {u"EmptyBackg"_s, false},
+      {u"MMMenu"_s, false}, {u"mm1backg"_s, false}, {u"MMBackgN"_s, false}, {u"film1_sub1"_s, false},
+      {u"Film1"_s, false},  {u"Author"_s, true},    {u"MM2Menu"_s, true},   {u"Film1_SUB2"_s, true}};
   test::AddNode(project_, u"MMBG"_s, u"MMBGAudio|Audio=C:\\v\\a.ac3"_s);
   project_.Settings.UseInsnavForMenus = true;
   for (const auto& [name, taken] : names) {
     project_.Tree.SetCaption(u"FP2"_s, u"Name=" + name);
     test::RecordingPrompter prompter;
-    EXPECT_EQ(TellFindings(TryWriters(project_).Refused, prompter) && TellFindings(TemporaryNameFindings(project_), prompter), taken)
+    EXPECT_EQ(
+        TellFindings(TryWriters(project_).Refused, prompter) && TellFindings(TemporaryNameFindings(project_), prompter),
+        taken)
         << name.toStdString();
     EXPECT_EQ(prompter.boxes.size(), taken ? 0U : 1U);
     for (const Box& box : prompter.boxes) EXPECT_TRUE(box.text.contains(name)) << box.text.toStdString();

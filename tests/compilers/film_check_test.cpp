@@ -36,19 +36,23 @@ TEST(FilmCheck, TellsWhatFilmsDoNotGoTogether) {
   const QString pal = u"|FPS=25"_s;
   const QString ntsc = u"|FPS=29.97"_s;
   const auto otherNorm = [](int film) {
-    return Finding{Severity::Warning, u"FPVFps%1"_s.arg(film),
-                   u"Film %1 (Film%1) is NTSC, but the project is PAL: not every player and television shows both. Please "
-                   u"convert the film or change the norm of the project."_s.arg(film)};
+    return Finding{
+        Severity::Warning, u"FPVFps%1"_s.arg(film),
+        u"Film %1 (Film%1) is NTSC, but the project is PAL: not every player and television shows both. Please "
+        u"convert the film or change the norm of the project."_s.arg(film)};
   };
-  const Finding norms{Severity::Error, u"FPVFps2"_s,
-                      u"Films 1 (Film1) and 2 (Film2) are of different norms, PAL and NTSC, which one titleset cannot hold. "
-                      u"Please switch titlesets on or convert one."_s};
-  const Finding lines{Severity::Warning, u"FPVResV2"_s,
-                      u"Films 1 (Film1) and 2 (Film2) have different numbers of lines, 576 and 288, but share a titleset: "
-                      u"many players show one of them distorted. Please switch titlesets on or convert one."_s};
-  const Finding aspects{Severity::Warning, u"FPVAspect2"_s,
-                        u"Films 1 (Film1) and 2 (Film2) have different aspects, 4:3 and 16:9, but share a titleset: one of "
-                        u"them is shown distorted. Please switch titlesets on or convert one."_s};
+  const Finding norms{
+      Severity::Error, u"FPVFps2"_s,
+      u"Films 1 (Film1) and 2 (Film2) are of different norms, PAL and NTSC, which one titleset cannot hold. "
+      u"Please switch titlesets on or convert one."_s};
+  const Finding lines{
+      Severity::Warning, u"FPVResV2"_s,
+      u"Films 1 (Film1) and 2 (Film2) have different numbers of lines, 576 and 288, but share a titleset: "
+      u"many players show one of them distorted. Please switch titlesets on or convert one."_s};
+  const Finding aspects{
+      Severity::Warning, u"FPVAspect2"_s,
+      u"Films 1 (Film1) and 2 (Film2) have different aspects, 4:3 and 16:9, but share a titleset: one of "
+      u"them is shown distorted. Please switch titlesets on or convert one."_s};
   const QString chapters = u"FPCH1|Chapters="_s + QStringList(100, u"00:00:00.000"_s).join(u',');
   const Case cases[] = {
       {true, {u"FPVFps1"_s + pal, u"FPVFps2|FPS=0"_s}, {}},
@@ -61,8 +65,10 @@ TEST(FilmCheck, TellsWhatFilmsDoNotGoTogether) {
       {true, {u"FPVAspect1|Aspect=4:3"_s, u"FPVAspect2|Aspect=16:9"_s}, {aspects}},
       {false, {u"FPVAspect1|Aspect=4:3"_s, u"FPVAspect2|Aspect=16:9"_s}, {}},
       {true, {QString(chapters).chopped(13)}, {}},
-      {true, {chapters}, {{Severity::Error, u"FPCH1"_s,
-                           u"Film 1 (Film1) has 100 chapters; a title can have 99. Please take some out."_s}}},
+      {true,
+       {chapters},
+       {{Severity::Error, u"FPCH1"_s,
+         u"Film 1 (Film1) has 100 chapters; a title can have 99. Please take some out."_s}}},
   };
   for (const Case& c : cases) {
     Project project(test::FixedSettings());
@@ -91,7 +97,8 @@ TEST(FilmCheck, AClockThatStartsAgainIsTold) {
     ASSERT_EQ(!findings.isEmpty(), found);
     if (!found) continue;
     EXPECT_EQ(findings[0].severity, Severity::Warning);
-    EXPECT_TRUE(findings[0].text.startsWith(u"Film 1 (Film1): the clock of " + drive.Host(u"a.vob"_s) + u" starts again"));
+    EXPECT_TRUE(
+        findings[0].text.startsWith(u"Film 1 (Film1): the clock of " + drive.Host(u"a.vob"_s) + u" starts again"));
   }
 }
 

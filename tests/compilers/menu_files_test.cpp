@@ -50,7 +50,8 @@ TEST_F(MenuFiles, AreTakenBySpumux) {
       ASSERT_TRUE(menu.ButtonsValid);
       ASSERT_TRUE(WriteMenuPictures(menu.Pictures, menu.MenuKey, project_.Settings.TempDir));
       const HighlightFiles highlights = Highlights(menu);
-      for (const auto& [name, text] : {std::pair(u"Spu.xml"_s, highlights.Spu), std::pair(u"SpuL.xml"_s, highlights.SpuL)}) {
+      for (const auto& [name, text] :
+           {std::pair(u"Spu.xml"_s, highlights.Spu), std::pair(u"SpuL.xml"_s, highlights.SpuL)}) {
         QByteArray native = text;
         native.replace(QByteArray(project_.Settings.TempDir.toUtf8() + '\\'), QByteArray(dir_.path().toUtf8() + '/'));
         ASSERT_TRUE(HostFiles::WriteAtomically(project_.Settings.TempDir + u'\\' + name, native));

@@ -218,15 +218,16 @@ TEST_F(PipelineTest, APaletteThatCannotBeWrittenIsToldAndTheRestIsWritten) {
   ASSERT_TRUE(Pipeline().BuildProject(BatchUse::Run));
   ASSERT_EQ(prompter_.boxes.size(), 1U);
   EXPECT_EQ(prompter_.boxes[0].kind, BoxKind::Warning);
-  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/T/Film1.pal "))
-      << prompter_.boxes[0].text.toStdString();
+  EXPECT_TRUE(prompter_.boxes[0].text.contains(u"/T/Film1.pal ")) << prompter_.boxes[0].text.toStdString();
 }
 
 TEST_F(PipelineTest, NothingIsWrittenOfAProjectWithAValueThatBreaksOut) {
-  const std::pair<QString, QString> values[] = {
-      {u"FPV1"_s, u"Video=/tmp/a\" & touch x & rem "_s}, {u"FP1"_s, u"Name=..\\x"_s},
-      {u"FPCH1"_s, u"Chapters=0\"/><vob file=\"x"_s},    {u"MMB1Action"_s, u"Action=exit;</button><vob file=\"x|\"/>"_s},
-      {u"MMBGPause"_s, u"Pause=\"><!--"_s},              {u"MM1PPre"_s, u"PreCommand=</pre>"_s}};
+  const std::pair<QString, QString> values[] = {{u"FPV1"_s, u"Video=/tmp/a\" & touch x & rem "_s},
+                                                {u"FP1"_s, u"Name=..\\x"_s},
+                                                {u"FPCH1"_s, u"Chapters=0\"/><vob file=\"x"_s},
+                                                {u"MMB1Action"_s, u"Action=exit;</button><vob file=\"x|\"/>"_s},
+                                                {u"MMBGPause"_s, u"Pause=\"><!--"_s},
+                                                {u"MM1PPre"_s, u"PreCommand=</pre>"_s}};
   for (const auto& [key, caption] : values) {
     SCOPED_TRACE(key.toStdString());
     if (!project_.Tree.Contains(key)) test::AddNode(project_, u"MMBG"_s, key + u'|');

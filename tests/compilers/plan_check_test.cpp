@@ -1,5 +1,5 @@
-#include "compilers/author_xml.h"
 #include "compilers/plan_check.h"
+#include "compilers/author_xml.h"
 #include "compilers/project_findings.h"
 
 #include <gtest/gtest.h>
@@ -155,7 +155,8 @@ TEST_F(PlanCheckTest, ASubmenuOfTheMainMenuHasOneType) {
             (QList<Finding>{{Severity::Warning, u"MM1PType"_s,
                              u"Menu MainSubMenu1 (MM1) is of the type \"Audio\", which submenus of titlesets alone can "
                              u"have. It is made as an ordinary submenu."_s}}));
-  EXPECT_FALSE(WriteAuthorXmlSingle(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings)).contains("entry="));
+  EXPECT_FALSE(
+      WriteAuthorXmlSingle(bench.project, AuthorMode::Run, test::Harmless(bench.project.Settings)).contains("entry="));
 }
 
 }  // namespace

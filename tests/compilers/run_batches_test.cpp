@@ -56,8 +56,9 @@ erase "C:\T\*.mpv" /Q
 }
 
 TEST(RunBatches, TheMainBatchLeavesBurningToTheUser) {
-  ExpectGolden(MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}, test::Harmless({})),
-               u"MainBatch.bat"_s);
+  ExpectGolden(
+      MainBatch({u"batchrun0.bat"_s, u"MMBrun1.bat"_s, u"xNERO.bat"_s, u"ImgBurnRun.bat"_s}, test::Harmless({})),
+      u"MainBatch.bat"_s);
 }
 
 }  // namespace

@@ -41,7 +41,8 @@ TEST_F(SourceCheckTest, EachFileThatNoDiscCanBeMadeOfIsToldWithItsPlace) {
   const QString missing = u"no is missing. Please put it back or choose another file."_s;
   const QString empty = u"empty is empty."_s;
   const QString folder = u"folder is no file. Please choose another one."_s;
-  const QString noPicture = u"broken.png is no picture that can be read. Please choose another one, or save it anew as PNG or JPEG."_s;
+  const QString noPicture =
+      u"broken.png is no picture that can be read. Please choose another one, or save it anew as PNG or JPEG."_s;
   const QString noFilm = u"back.png is a PNG picture; the film of a disc is"_s;
   const QString noSound = u"back.png is a PNG picture; the sound of a disc is"_s;
   struct Case {
@@ -57,11 +58,12 @@ TEST_F(SourceCheckTest, EachFileThatNoDiscCanBeMadeOfIsToldWithItsPlace) {
       {u"FP1"_s, u"FP1A1|Audio1=C:\\back.png"_s, u"FP1A1"_s, u"Film 1 (Film1), sound 1"_s, noSound},
       {u"FP1"_s, u"FP3S1|SubTitel3=C:\\no"_s, u"FP3S1"_s, u"Film 1 (Film1), subtitles 3"_s, missing},
       {u"MMBG"_s, u"MMBGPath|Image=C:\\no"_s, u"MMBGPath"_s, u"Menu MainMenu (MM), background"_s, missing},
-      {u"MM1BG"_s, u"MM1BGPath|Image=C:\\broken.png"_s, u"MM1BGPath"_s, u"Menu MainSubMenu1 (MM1), background"_s, noPicture},
+      {u"MM1BG"_s, u"MM1BGPath|Image=C:\\broken.png"_s, u"MM1BGPath"_s, u"Menu MainSubMenu1 (MM1), background"_s,
+       noPicture},
       {u"MMBG"_s, u"MMBGAudio|Audio=C:\\empty"_s, u"MMBGAudio"_s, u"Menu MainMenu (MM), sound"_s, empty},
       {u"MMI"_s, u"MMI3|Image3;MMI3File|C:\\no"_s, u"MMI3File"_s, u"Menu MainMenu (MM), image 3"_s, missing},
-      {u"MMB1"_s, u"MMB1GifMaskGif|Gif=no|C:\\no;MMB1GifMaskRelSize|Rel.Size=90;MMB1GifMaskUseHigh|Highlight=3"_s, u"MMB1"_s,
-       u"Menu MainMenu (MM), mask of button MMB1"_s, missing},
+      {u"MMB1"_s, u"MMB1GifMaskGif|Gif=no|C:\\no;MMB1GifMaskRelSize|Rel.Size=90;MMB1GifMaskUseHigh|Highlight=3"_s,
+       u"MMB1"_s, u"Menu MainMenu (MM), mask of button MMB1"_s, missing},
   };
   ASSERT_EQ(SourceFindings(project_), QList<Finding>());
   for (const Case& c : cases) {

@@ -113,7 +113,8 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheOpenProjectAlone) {
       {Document("1.07", "<NODE Key=\"a\">"), u"Could not load file C:\\p\\x.tvn"_s},
       {Document("1.07", "<NODE Key=\"a\" Key=\"b\"/>"), u"Could not load file C:\\p\\x.tvn"_s},
       {"<!DOCTYPE a [<!ENTITY b \"c\"><!ENTITY d \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">]><NODES>\n"
-       "<SETTINGS TVNVERSION=\"1.07\"/>&undefined;</NODES>", u"Could not load file C:\\p\\x.tvn"_s},
+       "<SETTINGS TVNVERSION=\"1.07\"/>&undefined;</NODES>",
+       u"Could not load file C:\\p\\x.tvn"_s},
       {Document("1.07", "<NODE Key=\"a\" Caption=\"A\"><NODE Key=\"b\"/></NODE><NODE Key=\"b\" Caption=\"second\"/>"),
        u"ERROR loading node!\r\nParent: Top\r\nKey: b\r\nCaption: second\r\n\r\n"
        u"Read the error condition and post it in a support forum\r\nProgram terminates after 'Ok'!"_s},
@@ -182,19 +183,20 @@ TEST_F(ProjectFileTest, FindsFilesThatMoved) {
 }
 
 TEST_F(ProjectFileTest, PathsTakeTheirDosForm) {
-  drive_.Write(u"p/x.tvn"_s, Document("1.07", "<SETTINGS5 OWNGIFMASKDIR=\"masks\"/>"
-                                              "<NODE Key=\"FPV1\" Caption=\"Video=v/a.m2v\" Tag=\"v/a.m2v\"/>"
-                                              "<NODE Key=\"FP3A12\" Caption=\"Audio3=/tmp/a.ac3\"/>"
-                                              "<NODE Key=\"FP2S1\" Caption=\"xxxxxxxxxxZ:/tmp/a.srt\"/>"
-                                              "<NODE Key=\"FPA1#01IMAGE\" Caption=\"Image=..\\i.png\"/>"
-                                              "<NODE Key=\"SM7BGAni\" Caption=\"Animation=a.mpg\"/>"
-                                              "<NODE Key=\"MMI1File\" Caption=\"i.png\"/>"
-                                              "<NODE Key=\"TS2S01\" Caption=\"Ani=a.mpg\"/>"
-                                              "<NODE Key=\"MM3B5GifMaskGif\" Caption=\"Gif=m.gif\" Tag=\"m.gif\"/>"
-                                              "<NODE Key=\"MMB5Gif\" Caption=\"Gif=m.gif\" Tag=\"m.gif\"/>"
-                                              "<NODE Key=\"FP1A1\" Caption=\"Audio1=a&quot; &amp; touch b\"/>"
-                                              "<NODE Key=\"MMB1Text\" Caption=\"Text=v/a.m2v\"/>"
-                                              "<NODE Key=\"MMBGPath\" Caption=\"Image=\"/>"));
+  drive_.Write(u"p/x.tvn"_s, Document("1.07",
+                                      "<SETTINGS5 OWNGIFMASKDIR=\"masks\"/>"
+                                      "<NODE Key=\"FPV1\" Caption=\"Video=v/a.m2v\" Tag=\"v/a.m2v\"/>"
+                                      "<NODE Key=\"FP3A12\" Caption=\"Audio3=/tmp/a.ac3\"/>"
+                                      "<NODE Key=\"FP2S1\" Caption=\"xxxxxxxxxxZ:/tmp/a.srt\"/>"
+                                      "<NODE Key=\"FPA1#01IMAGE\" Caption=\"Image=..\\i.png\"/>"
+                                      "<NODE Key=\"SM7BGAni\" Caption=\"Animation=a.mpg\"/>"
+                                      "<NODE Key=\"MMI1File\" Caption=\"i.png\"/>"
+                                      "<NODE Key=\"TS2S01\" Caption=\"Ani=a.mpg\"/>"
+                                      "<NODE Key=\"MM3B5GifMaskGif\" Caption=\"Gif=m.gif\" Tag=\"m.gif\"/>"
+                                      "<NODE Key=\"MMB5Gif\" Caption=\"Gif=m.gif\" Tag=\"m.gif\"/>"
+                                      "<NODE Key=\"FP1A1\" Caption=\"Audio1=a&quot; &amp; touch b\"/>"
+                                      "<NODE Key=\"MMB1Text\" Caption=\"Text=v/a.m2v\"/>"
+                                      "<NODE Key=\"MMBGPath\" Caption=\"Image=\"/>"));
   Project project(settings_);
   ASSERT_TRUE(LoadProject(project, kFile, prompter_));
   EXPECT_EQ(test::DumpTree(project.Tree),

@@ -57,12 +57,17 @@ TEST(Settings, DamagedTextsReadByTheRuleOfTheirKind) {
     QString text;
     QString readAs;
   } cases[] = {
-      {u"AskForSave"_s, u"-1"_s, u"1"_s},    {u"AskForSave"_s, u"yes"_s, u"0"_s},
-      {u"ToolPatience"_s, u"2.50"_s, u"2.5"_s}, {u"ToolPatience"_s, u"-1"_s, u"0"_s},
-      {u"Engine"_s, u"7"_s, u"1"_s},         {u"AutoChapter"_s, u"2"_s, u"2"_s},
-      {u"RasterX"_s, u"12 px"_s, u"12"_s},   {u"RasterX"_s, u""_s, u"0"_s},
+      {u"AskForSave"_s, u"-1"_s, u"1"_s},
+      {u"AskForSave"_s, u"yes"_s, u"0"_s},
+      {u"ToolPatience"_s, u"2.50"_s, u"2.5"_s},
+      {u"ToolPatience"_s, u"-1"_s, u"0"_s},
+      {u"Engine"_s, u"7"_s, u"1"_s},
+      {u"AutoChapter"_s, u"2"_s, u"2"_s},
+      {u"RasterX"_s, u"12 px"_s, u"12"_s},
+      {u"RasterX"_s, u""_s, u"0"_s},
       {u"DefTextColor"_s, u"99999999999"_s, u"2147483647"_s},
-      {u"DefHighLightFillTrans"_s, u"300"_s, u"255"_s}, {u"DefHighLightFillTrans"_s, u"-3"_s, u"0"_s},
+      {u"DefHighLightFillTrans"_s, u"300"_s, u"255"_s},
+      {u"DefHighLightFillTrans"_s, u"-3"_s, u"0"_s},
       {u"DefAnimGif"_s, u""_s, u"0;100;0;0;0;"_s},
       {u"DefAnimGif"_s, u"1;x;40000"_s, u"1;0;32767;0;0;"_s},
       {u"DefaultFont"_s, u""_s, u"Arial\\12\\0\\0\\0\\0"_s},

@@ -113,7 +113,7 @@ TEST(EditElements, AGridThatIsNoneOrPassesTheMenuIsRefused) {
        u"R=0: Must be greater than 0!\r\nC=36: Must be smaller than 36!\r\nPX=15: Must be more than 15 Pixel\r\n"
        u"PY=460: Must be less than 460 Pixel\r\nDX=600: Must be less than 600 Pixel\r\n"
        u"DY=9: Must be more than 9 Pixel"_s},
-      {u"R1C3PX100PY100DX268DY50"_s, overflow},  // the third button ends at 713
+      {u"R1C3PX100PY100DX268DY50"_s, overflow},   // the third button ends at 713
       {u"R3C1PX100PY100DX100DY181"_s, overflow},  // at 481
   };
   for (const auto& [grid, told] : cases) {

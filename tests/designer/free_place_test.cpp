@@ -88,8 +88,9 @@ TEST(FreePlace, AFullMenuRefusesAndStaysAsItWas) {
   bench.project.Settings.GridLayout = u"R1C1PX4PY4DX0DY0"_s;
   ASSERT_TRUE(AddFreeButton(bench.context, {}, u"exit;"_s, graphic));
   const QString before = test::DumpTree(bench.project.Tree);
-  const QString full = u"Menu MainMenu (MM) has no free place for the new element. Please give it one, or move or delete "
-                       u"others first."_s;
+  const QString full =
+      u"Menu MainMenu (MM) has no free place for the new element. Please give it one, or move or delete "
+      u"others first."_s;
   EXPECT_FALSE(AddFreeButton(bench.context, u"x"_s, u"exit;"_s, {}));
   EXPECT_FALSE(AddLabel(bench.context, u"a label"_s, {}));
   EXPECT_FALSE(AddImage(bench.context, u"C:\\i.png"_s, {}));

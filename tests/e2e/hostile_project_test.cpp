@@ -19,7 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace torvane::test {
 namespace {
 
-constexpr int kProjects = 50;
+constexpr int kProjects = 200;
 
 /// Stands for each outside tool: logs its call, and makes the file that the tool would make.
 const QByteArray kFakeTool = R"sh(#!/bin/sh
@@ -56,10 +56,10 @@ QMap<QString, QByteArray> Contents(const QString& dir) {
     const QString path = files.next();
     const QFileInfo info(path);
     QFile file(path);
-    contents[path] = info.isDir()                             ? QByteArray("directory")
-                     : info.isSymLink()                       ? info.symLinkTarget().toUtf8()
-                     : file.open(QIODevice::ReadOnly)         ? file.readAll()
-                                                              : QByteArray("unreadable");
+    contents[path] = info.isDir()                     ? QByteArray("directory")
+                     : info.isSymLink()               ? info.symLinkTarget().toUtf8()
+                     : file.open(QIODevice::ReadOnly) ? file.readAll()
+                                                      : QByteArray("unreadable");
   }
   return contents;
 }
@@ -74,7 +74,8 @@ class Fortress {
  public:
   explicit Fortress(unsigned seed) : random_(seed) {
     for (const QString& dir : {u"tools"_s, u"around"_s, u"around/deep"_s}) EXPECT_TRUE(QDir(shop_.Dir()).mkpath(dir));
-    for (const QString& file : {u"around/film.m2v"_s, u"around/a.mpg"_s, u"around/deep/keep.xml"_s}) Put(At(file), "mine");
+    for (const QString& file : {u"around/film.m2v"_s, u"around/a.mpg"_s, u"around/deep/keep.xml"_s})
+      Put(At(file), "mine");
     Put(At(u"film.srt"_s), "1\n00:00:01,000 --> 00:00:02,000\nHello\n");
     MakeProgram(At(u"around/evil"_s), "#!/bin/sh\necho evil >> \"" + At(u"alarm"_s).toUtf8() + "\"\n");
     for (const QString& tool : {u"dvdauthor"_s, u"spumux"_s, u"mplex"_s, u"mpeg2enc"_s, u"png2yuv"_s, u"jpeg2yuv"_s,
@@ -103,7 +104,8 @@ class Fortress {
       values_ << match;
       // What stands in generated lines is worth more attempts, each kind as many.
       static const QRegularExpression kWritten(
-          u"^(Video|Audio\\d?|SubTitel1|SubFormatStr1|LanguageTags|AudioDelay|Name|Chapters|Pause|\\w* ?Action|PreCommand|"
+          u"^(Video|Audio\\d?|SubTitel1|SubFormatStr1|LanguageTags|AudioDelay|Name|Chapters|Pause|\\w* "
+          u"?Action|PreCommand|"
           u"Type)="_s);
       const QRegularExpressionMatch label = kWritten.match(match.captured(2));
       if (match.captured(1) == u"Caption" && label.hasMatch()) written_[label.captured(1)] << match;
@@ -113,8 +115,8 @@ class Fortress {
 
   QString At(const QString& name) const { return shop_.Dir() + u'/' + name; }
 
-  /// Builds a project with one hostile text and returns what it did that it must not, "" for nothing. Without a text it is
-  /// the base.
+  /// Builds a project with one hostile text and returns what it did that it must not, "" for nothing. Without a text it
+  /// is the base.
   QString Build(const QString& text) {
     EXPECT_TRUE(QDir(shop_.OutDir()).removeRecursively() && QDir(shop_.TempDir()).removeRecursively());
     EXPECT_TRUE(QDir().mkpath(shop_.OutDir()) && QDir().mkpath(shop_.TempDir()));
@@ -174,20 +176,59 @@ class Fortress {
     const QString evil = At(u"around/evil"_s);
     const QString file = At(u"around/film.m2v"_s);
     const QString made = At(u"around/made"_s);
-    const QStringList separators{u"\" & "_s, u"\" | "_s, u"\" && "_s, u"\" || "_s, u"^\" & "_s, u"\r\n"_s, u"\n"_s, u" & "_s,
-                                 u"\"\" & "_s, u"\" ) & ( "_s, u"%\" & "_s, u"\"/><!-- "_s};
-    const QStringList orders{
-        u"Z:"_s + evil, evil, u"C:\\evil"_s, u"Z:/usr/bin/touch Z:"_s + made, u"erase \"Z:"_s + file + u"\" /q",
-        u"erase C:\\*.* /q"_s, u"echo x > \"Z:"_s + made + u'"', u"copy C:\\film.m2v C:\\made"_s, u"mkdir C:\\made"_s};
-    const QStringList others{
-        u"\" > \"Z:"_s + made, u"\" >> \"Z:"_s + file, u"\" < \"Z:"_s + file, u"\" -o \"Z:"_s + made, file, u"Z:"_s + file,
-        u"C:\\film.m2v"_s, u"..\\around\\a"_s, u"../around/a"_s, u"..\\..\\around\\film"_s, u"around\\..\\..\\made"_s,
-        evil + u'|', evil + u" |"_s, u"&3"_s, u"-"_s, u"-o"_s, u"*"_s, u"?"_s, u"*.*"_s, u"intro"_s, u"EmptyBackg"_s,
-        u"MMMenu"_s, u"mmbackg"_s, u"nul"_s, u"%PATH%"_s, u"%CD%"_s, u"!PATH!"_s, u"^"_s, u"%0"_s, u"\\\\host\\share\\x"_s,
-        u"\"/><vob file=\""_s + evil + u"|"_s, u"\"/><vob file=\"-"_s, u"0\" palette=\""_s + evil + u"|"_s,
-        u"exit;</button></pgc><vob file=\""_s + evil + u"|\"/>"_s, u"--><vob file=\""_s + evil + u"|\"/><!--"_s,
-        u"</pre></pgc></menus></vmgm></dvdauthor><dvdauthor dest=\""_s + made + u"\">"_s,
-        u"\"><dvdauthor dest=\""_s + made, u"<!DOCTYPE x>"_s, u"]]>"_s, u""_s, u" "_s, QString(5000, u'a')};
+    const QStringList separators{u"\" & "_s, u"\" | "_s, u"\" && "_s,  u"\" || "_s,    u"^\" & "_s, u"\r\n"_s,
+                                 u"\n"_s,    u" & "_s,   u"\"\" & "_s, u"\" ) & ( "_s, u"%\" & "_s, u"\"/><!-- "_s};
+    const QStringList orders{u"Z:"_s + evil,
+                             evil,
+                             u"C:\\evil"_s,
+                             u"Z:/usr/bin/touch Z:"_s + made,
+                             u"erase \"Z:"_s + file + u"\" /q",
+                             u"erase C:\\*.* /q"_s,
+                             u"echo x > \"Z:"_s + made + u'"',
+                             u"copy C:\\film.m2v C:\\made"_s,
+                             u"mkdir C:\\made"_s};
+    const QStringList others{u"\" > \"Z:"_s + made,
+                             u"\" >> \"Z:"_s + file,
+                             u"\" < \"Z:"_s + file,
+                             u"\" -o \"Z:"_s + made,
+                             file,
+                             u"Z:"_s + file,
+                             u"C:\\film.m2v"_s,
+                             u"..\\around\\a"_s,
+                             u"../around/a"_s,
+                             u"..\\..\\around\\film"_s,
+                             u"around\\..\\..\\made"_s,
+                             evil + u'|',
+                             evil + u" |"_s,
+                             u"&3"_s,
+                             u"-"_s,
+                             u"-o"_s,
+                             u"*"_s,
+                             u"?"_s,
+                             u"*.*"_s,
+                             u"intro"_s,
+                             u"EmptyBackg"_s,
+                             u"MMMenu"_s,
+                             u"mmbackg"_s,
+                             u"nul"_s,
+                             u"%PATH%"_s,
+                             u"%CD%"_s,
+                             u"!PATH!"_s,
+                             u"^"_s,
+                             u"%0"_s,
+                             u"\\\\host\\share\\x"_s,
+                             u"\"/><vob file=\""_s + evil + u"|"_s,
+                             u"\"/><vob file=\"-"_s,
+                             u"0\" palette=\""_s + evil + u"|"_s,
+                             u"exit;</button></pgc><vob file=\""_s + evil + u"|\"/>"_s,
+                             u"--><vob file=\""_s + evil + u"|\"/><!--"_s,
+                             u"</pre></pgc></menus></vmgm></dvdauthor><dvdauthor dest=\""_s + made + u"\">"_s,
+                             u"\"><dvdauthor dest=\""_s + made,
+                             u"<!DOCTYPE x>"_s,
+                             u"]]>"_s,
+                             u""_s,
+                             u" "_s,
+                             QString(5000, u'a')};
     if (Below(2) == 0) return others[Below(int(others.size()))];
     return separators[Below(int(separators.size()))] + orders[Below(int(orders.size()))] +
            (Below(2) == 0 ? u" & rem "_s : u" \""_s);
@@ -198,9 +239,8 @@ class Fortress {
     QMap<QString, QByteArray> contents = Contents(shop_.Dir());
     const QStringList own{shop_.OutDir(), shop_.TempDir(), shop_.IsoFile(), At(u"log"_s), At(u"alarm"_s)};
     contents.removeIf([&](const auto& file) {
-      return std::ranges::any_of(own, [&](const QString& path) {
-        return file.key() == path || file.key().startsWith(path + u'/');
-      });
+      return std::ranges::any_of(
+          own, [&](const QString& path) { return file.key() == path || file.key().startsWith(path + u'/'); });
     });
     return contents;
   }

@@ -67,7 +67,8 @@ TEST(NothingLostTest, AFormerDiscOutlivesRunsThatAreRefusedFailOrAreKilled) {
   const QString half = workshop.OutDir() + u"/DVD/VIDEO_TS/half"_s;
   // The commands are checked before, with a disc of their own.
   const QByteArray begins = "for last; do :; done\ngrep -q 'dest=\"" + workshop.OutDir().toUtf8() +
-                            "' \"$last\" || exec /usr/bin/dvdauthor \"$@\"\nmkdir -p '" + QFileInfo(half).path().toUtf8() + "'\ntouch '" + half.toUtf8() + "'\n";
+                            "' \"$last\" || exec /usr/bin/dvdauthor \"$@\"\nmkdir -p '" +
+                            QFileInfo(half).path().toUtf8() + "'\ntouch '" + half.toUtf8() + "'\n";
   {
     const FakeTool fails(tools, u"dvdauthor"_s, begins + "echo 'ERR: it fails' >&2\nexit 1\n");
     const CliResult failed = workshop.Run(u"build"_s);

@@ -84,8 +84,9 @@ TEST(RandomProjectTest, CompilesAndIsUnderstood) {
       const std::vector<ButtonRectangle> rectangles = ButtonRectangles(menu, project.Settings);
       spuButtons.insert(ButtonsOf(SpuXmlText(menu, rectangles, SpuFile::Frame, Harmless(project.Settings))));
     }
-    const QByteArray author = project.Settings.NoTitleSets ? WriteAuthorXmlSingle(project, AuthorMode::Run, Harmless(project.Settings))
-                                                           : WriteAuthorXmlTitlesets(project, AuthorMode::Run, Harmless(project.Settings));
+    const QByteArray author = project.Settings.NoTitleSets
+                                  ? WriteAuthorXmlSingle(project, AuthorMode::Run, Harmless(project.Settings))
+                                  : WriteAuthorXmlTitlesets(project, AuthorMode::Run, Harmless(project.Settings));
     EXPECT_EQ(ButtonsOf(author), spuButtons);
     for (const QByteArray& line : WriteVideoBatch(project, Harmless(project.Settings)).batch.split('\n')) {
       EXPECT_EQ(line.count('"') % 2, 0) << line.toStdString();

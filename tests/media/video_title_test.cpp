@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "core/action_strings.h"
-#include "core/engine.h"
 #include "core/default_project.h"
+#include "core/engine.h"
 #include "mpeg_pieces.h"
 #include "platform/host_files.h"
 #include "support/drive_c.h"
