@@ -132,7 +132,7 @@ void AuthorPieces::Languages(const FilmView& film) {
   const QString tags = values_.Attribute(film.Text(film_node::LanguageTags).value_or(QString()),
                                          FilmNodeKey(film_node::LanguageTags, film.Number()));
   for (int position = 0; position < 2 * kFilmStreams; ++position) {
-    const QString code = tags.mid(3 * position, 2);
+    const QString code = tags.mid(qsizetype{3} * position, 2);
     if (code.trimmed().isEmpty()) continue;
     const QString element = position < kFilmStreams ? u"audio"_s : u"subpicture"_s;
     out_.Line(u"      <" + element + u" lang=\"" + code + u"\" />");
