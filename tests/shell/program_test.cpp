@@ -202,11 +202,11 @@ TEST_F(Programs, GoToWineWhereARealOneLies) {
   MakeTool(u"wine"_s,
            "for a; do printf '[%s]\\n' \"$a\"; done; eval last=\\${$#}\n"
            "case $last in *Author.xml) cat \"$(printf %s \"$last\" | tr '\\\\' / | cut -c 3-)\"; echo;; esac\n");
-  const std::string z = HostFiles::ToDos(Host({})).toStdString();
+  const QString z = HostFiles::ToDos(Host({}));
   EXPECT_EQ(RunBatch("\"C:\\T\\Requant.exe\" 1.25 \"C:\\T\\a\"\r\n"),
-            "[" + Host(u"requant.exe"_s).toStdString() + "]\n[1.25]\n[" + z + "a]\n");
+            u"[%1]\n[1.25]\n[%2a]\n"_s.arg(Host(u"requant.exe"_s), z).toStdString());
   const std::string run = RunBatch("\"C:\\T\\dvdauthor\" -w -x \"C:\\T\\Author.xml\"\r\n");
-  EXPECT_TRUE(run.starts_with("[" + Host(u"dvdauthor.exe"_s).toStdString() + "]\n[-w]\n[-x]\n[Z:\\")) << run;
+  EXPECT_TRUE(run.starts_with(u"[%1]\n[-w]\n[-x]\n[Z:\\"_s.arg(Host(u"dvdauthor.exe"_s)).toStdString())) << run;
   EXPECT_TRUE(run.find("\n<vob file=\"Z:\\") != std::string::npos) << run;
 }
 
